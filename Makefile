@@ -1,0 +1,43 @@
+# The commands of the README. Every target installs what is missing first.
+BUILD        ?= build
+FUZZ_BUILD   ?= build-fuzz
+FUZZ_SECONDS ?= 60
+JOBS         ?= $(shell nproc)
+
+.PHONY: all deps build test run bench fuzz format clean
+
+all: build
+
+deps:
+	@scripts/install-deps
+
+build: deps
+	@cmake -S . -B $(BUILD) -G Ninja >/dev/null
+	@cmake --build $(BUILD) -j $(JOBS)
+
+test: build
+	@ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
+
+# Until the run-time window exists, the main program is the tool's summary of the demo game.
+run: build
+	@$(BUILD)/app/orrery summary $(BUILD)/app
+
+bench: build
+	@$(BUILD)/bench/orrery_bench --benchmark_counters_tabular=true
+
+# Each fuzz target for a bounded time, built with clang and the sanitizers.
+fuzz: deps
+	@cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+	  -DCMAKE_CXX_COMPILER=clang++ -DORRERY_FUZZ=ON -DORRERY_TESTS=OFF -DORRERY_BENCH=OFF >/dev/null
+	@cmake --build $(FUZZ_BUILD) -j $(JOBS)
+	@for t in $(FUZZ_BUILD)/fuzz/fuzz_*; do \
+	  echo "== $$t"; mkdir -p $(FUZZ_BUILD)/corpus/$$(basename $$t); \
+	  $$t -max_total_time=$(FUZZ_SECONDS) -timeout=10 -rss_limit_mb=2048 \
+	    $(FUZZ_BUILD)/corpus/$$(basename $$t) fuzz/corpus/$$(basename $$t) || exit 1; \
+	done
+
+format:
+	@clang-format -i $$(git ls-files '*.cpp' '*.h')
+
+clean:
+	@rm -rf $(BUILD) $(FUZZ_BUILD)

@@ -1,0 +1,45 @@
+// The application tree: every directory the system reads or writes, below one root.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace orrery {
+
+// A name from a project or a player as one path component: Windows-1252 converted to UTF-8.
+// nullopt when it is empty, "." or "..", or holds a separator or a control character, so that
+// no name can lead outside the application folder.
+std::optional<std::string> SafeComponent(std::string_view name);
+
+class AppPaths {
+public:
+    explicit AppPaths(std::filesystem::path root) : m_root(std::move(root)) {}
+
+    const std::filesystem::path &Root() const { return m_root; }
+    std::filesystem::path DataPath() const { return m_root / "Data"; }
+    std::filesystem::path ResPath() const { return m_root / "Res"; }
+    std::filesystem::path SavedPath() const { return m_root / "Saved"; }
+    std::filesystem::path FontsPath() const { return m_root / "Fonts"; }
+    std::filesystem::path WorldPath() const { return DataPath() / "S"; }
+    std::filesystem::path BackupPath() const { return m_root / "_autobackup"; }
+    std::filesystem::path ProjectNameFile() const { return DataPath() / "pname.dat"; }
+
+    // The directory of a project. A project has one spelling on disk, its name stripped of
+    // punctuation and lower-cased; an existing directory whose name differs only in case is
+    // found and used instead. nullopt for a name that makes no safe directory name.
+    std::optional<std::filesystem::path> ProjectPath(std::string_view projectName) const;
+    std::optional<std::filesystem::path> ProjectFile(std::string_view projectName) const;
+    // True when the project's settings.dat can be measured.
+    bool ProjectExists(std::string_view projectName) const;
+    // Creates the project's directory; an existing one is no error.
+    bool MakeProjectDir(std::string_view projectName) const;
+    // Creates the whole tree for a project, passing over directories that exist.
+    bool MakeAppTree(std::string_view projectName) const;
+
+private:
+    std::filesystem::path m_root;
+};
+
+} // namespace orrery

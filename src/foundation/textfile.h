@@ -1,0 +1,31 @@
+// Text files of CRLF-terminated lines, and the atomic replacement that every save goes through.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orrery {
+
+// Creates or empties the file and writes text followed by CRLF. False when it couldn't;
+// the file then stays as it was.
+bool WriteTextFile(const std::filesystem::path &path, std::string_view text);
+// The same at the end of the file, creating it when absent.
+bool AppendTextFile(const std::filesystem::path &path, std::string_view text);
+// Every line, each followed by CRLF, in one text, without the final CRLF. "" on any error.
+std::string ReadTextFile(const std::filesystem::path &path);
+// True when the file's length can be read: an empty file exists, a directory does not.
+bool FileExists(const std::filesystem::path &path);
+
+// The raw bytes of a file; nullopt when it can't be read.
+std::optional<std::string> ReadFileBytes(const std::filesystem::path &path);
+// Writes bytes to a temporary file beside the target, flushes it to disk and renames it over
+// the target, so that a failed or interrupted write leaves the old file whole.
+bool ReplaceFileAtomically(const std::filesystem::path &path, std::string_view bytes);
+
+// Splits text into lines at CRLF, a lone CR or a lone LF; a final line end adds no empty line.
+std::vector<std::string_view> SplitLines(std::string_view text);
+
+} // namespace orrery

@@ -1,0 +1,276 @@
+// LoadProject: every line of a project file, plain or scrambled, to its place in the model.
+#include "project/loader.h"
+
+#include <algorithm>
+#include <array>
+
+#include "foundation/convert.h"
+#include "foundation/scramble.h"
+#include "foundation/text.h"
+#include "foundation/textfile.h"
+#include "project/keytable.h"
+
+namespace orrery {
+
+namespace {
+
+// The state of one reading pass. The cursors remember, per table, the slot before which every
+// slot is taken, so that each record's search for a free slot doesn't start again at slot 1;
+// the answers are those of a scan from slot 1, since reading never frees a slot.
+struct Reader {
+    ProjectModel &model;
+    int toolNameCursor = 1;
+    int qlobCursor = 1;
+    int variableCursor = 1;
+    int serviceCursor = 1;
+    int helpCursor = 1;
+    int dynamicCursor = 1;
+    int quantumLockCursor = 1;
+    int customServerCursor = 1;
+    int toolSubCursor = 1;
+};
+
+template <typename Table> int NextFree(const Table &table, int whenFull, int &cursor) {
+    const int slot = FirstFreeSlot(table, whenFull, cursor);
+    if (Table::Contains(slot)) cursor = slot;
+    return slot;
+}
+
+// A whole-line record: every "<key>:" removed from the line, the rest trimmed and kept.
+template <typename Table>
+void StoreWholeLine(Table &table, int whenFull, int &cursor, std::string_view line,
+                    std::string_view keyWithColon) {
+    const int slot = NextFree(table, whenFull, cursor);
+    if (Table::Contains(slot)) table[slot] = Trim(ReplaceAll(line, keyWithColon, ""));
+}
+
+std::string JoinFields34(std::string_view line) { return FieldAt(line, 3) + ":" + FieldAt(line, 4); }
+
+void NewElement(Reader &r, std::string_view line) {
+    ProjectModel &m = r.model;
+    ++m.elementCount;
+    m.propertyCount = 0;
+    if (m.elementCount > kElementRows) return; // past the table's end: the element vanishes
+    ElementRow &row = m.Element(m.elementCount);
+    static constexpr std::array<std::string_view, 5> kNumbered = {"button", "label", "text",
+                                                                   "list", "image"};
+    const std::string type = NormText(FieldAt(line, 2));
+    if (std::find(kNumbered.begin(), kNumbered.end(), type) != kNumbered.end())
+        row[2] = type + ":" + IntText(m.elementCount);
+    row[0] = NormText(FieldAt(line, 3));
+}
+
+void StoreElementProperty(Reader &r, std::string_view line) {
+    ProjectModel &m = r.model;
+    const std::string key = FieldAt(line, 3);
+    m.propertyCount = std::min(m.propertyCount + 1, kPropertyColumns);
+    if (m.elementCount < 1 || m.elementCount > kElementRows) return;
+    const int column = InStr(NormText(key), "action") ? kActionColumn : m.propertyCount;
+    m.Element(m.elementCount)[static_cast<std::size_t>(column)] = key + ":" + FieldAt(line, 4);
+}
+
+void StoreVariable(Reader &r, std::string_view line) {
+    auto &table = r.model.VariableTable;
+    const int slot = NextFree(table, 2000, r.variableCursor);
+    table[slot].name = Trim(ReplaceAll(FieldBy(line, 1, "="), "variable:", ""));
+    table[slot].value = Trim(FieldBy(line, 2, "="));
+}
+
+void StoreToolSub(Reader &r, std::string_view line) {
+    auto &table = r.model.ToolSubTable;
+    const int slot = NextFree(table, 299, r.toolSubCursor);
+    table[slot].key = FieldAt(line, 2) + ":" + FieldAt(line, 3);
+    table[slot].sequence = FieldAt(line, 4);
+}
+
+void StoreToolCaption(Reader &r, std::string_view line) {
+    const int slot = NextFree(r.model.ToolNameTable, 99, r.toolNameCursor);
+    r.model.ToolNameTable[slot] = Trim(FieldAt(line, 3));
+}
+
+void StoreServerField(Reader &r, std::string_view line) {
+    ProjectModel &m = r.model;
+    const int slot = ++m.serverFieldCount;
+    if (!decltype(m.ServerFieldTable)::Contains(slot)) return;
+    m.ServerFieldTable[slot] = Trim(line.substr(line.find(':') + 1));
+}
+
+MenuImage *CurrentImage(ProjectModel &m) {
+    return m.menuImages.empty() ? nullptr : &m.menuImages.back();
+}
+
+MenuLabel *CurrentLabel(ProjectModel &m) {
+    const int slot = m.menuLabelCount;
+    return decltype(m.MenuLabelTable)::Contains(slot) ? &m.MenuLabelTable[slot] : nullptr;
+}
+
+void SetInt32(std::int32_t &target, std::string_view text) {
+    if (auto value = ToInt32(Trim(text))) target = *value;
+}
+
+void SetBool(bool &target, std::string_view text) {
+    if (auto value = ToBoolean(Trim(text))) target = *value;
+}
+
+void TreatMenuImageLine(Reader &r, std::string_view key, std::string_view line) {
+    ProjectModel &m = r.model;
+    if (key == "menuimagetag") {
+        if (m.menuImages.size() < static_cast<std::size_t>(kMenuImageLimit))
+            m.menuImages.push_back(MenuImage{FieldAt(line, 3), 0, 0, {}});
+        return;
+    }
+    MenuImage *image = CurrentImage(m);
+    if (!image) return;
+    if (key == "menuimageleft") SetInt32(image->left, FieldAt(line, 3));
+    else if (key == "menuimagetop") SetInt32(image->top, FieldAt(line, 3));
+    else if (key == "menuimagedatafield") image->dataField = JoinFields34(line);
+}
+
+void TreatMenuLabelLine(Reader &r, std::string_view key, std::string_view line) {
+    ProjectModel &m = r.model;
+    if (key == "menulabelcaption") ++m.menuLabelCount;
+    MenuLabel *label = CurrentLabel(m);
+    if (!label) return;
+    const std::string value = FieldAt(line, 3);
+    if (key == "menulabelcaption") label->caption = value;
+    else if (key == "menulabeltag") label->tag = value;
+    else if (key == "menulabelleft") SetInt32(label->left, value);
+    else if (key == "menulabeltop") SetInt32(label->top, value);
+    else if (key == "menulabelforecolor") SetInt32(label->foreColor, value);
+    else if (key == "menulabelbackcolor") SetInt32(label->backColor, value);
+    else if (key == "menulabelbackstyle") {
+        if (auto style = ToInt16(Trim(value))) label->backStyle = *style;
+    } else if (key == "menulabelbold") SetBool(label->bold, value);
+    else if (key == "menulabelitalic") SetBool(label->italic, value);
+    else if (key == "menulabelunderline") SetBool(label->underline, value);
+    else if (key == "menulabelfontsize") label->fontSize = value;
+    else if (key == "menulabelfontname") label->fontName = value;
+    else if (key == "menulabeldatafield") label->dataField = JoinFields34(line);
+}
+
+using LineHandler = void (*)(Reader &, std::string_view key, std::string_view line);
+
+struct RecordKey {
+    std::string_view name;
+    LineHandler handler;
+};
+
+// The keys of records and blocks, sorted by name. Every other key is a scalar setting.
+constexpr RecordKey kRecordKeys[] = {
+    {"[newel]", [](Reader &r, std::string_view, std::string_view l) { NewElement(r, l); }},
+    {"customserver",
+     [](Reader &r, std::string_view, std::string_view l) {
+         StoreWholeLine(r.model.CustomServerTable, 500, r.customServerCursor, l, "customserver:");
+     }},
+    {"element", [](Reader &r, std::string_view, std::string_view l) { StoreElementProperty(r, l); }},
+    {"helpme",
+     [](Reader &r, std::string_view, std::string_view l) {
+         StoreWholeLine(r.model.HelpTable, 99, r.helpCursor, l, "helpme:");
+     }},
+    {"maindynamic",
+     [](Reader &r, std::string_view, std::string_view l) {
+         const int slot = NextFree(r.model.DynamicTable, 99, r.dynamicCursor);
+         r.model.DynamicTable[slot] = Trim(l);
+     }},
+    {"menudynamic",
+     [](Reader &r, std::string_view, std::string_view l) {
+         const int slot = NextFree(r.model.DynamicTable, 99, r.dynamicCursor);
+         r.model.DynamicTable[slot] = Trim(l);
+     }},
+    {"menuimagedatafield", TreatMenuImageLine},
+    {"menuimageleft", TreatMenuImageLine},
+    {"menuimagetag", TreatMenuImageLine},
+    {"menuimagetop", TreatMenuImageLine},
+    {"menulabelbackcolor", TreatMenuLabelLine},
+    {"menulabelbackstyle", TreatMenuLabelLine},
+    {"menulabelbold", TreatMenuLabelLine},
+    {"menulabelcaption", TreatMenuLabelLine},
+    {"menulabeldatafield", TreatMenuLabelLine},
+    {"menulabelfontname", TreatMenuLabelLine},
+    {"menulabelfontsize", TreatMenuLabelLine},
+    {"menulabelforecolor", TreatMenuLabelLine},
+    {"menulabelitalic", TreatMenuLabelLine},
+    {"menulabelleft", TreatMenuLabelLine},
+    {"menulabeltag", TreatMenuLabelLine},
+    {"menulabeltop", TreatMenuLabelLine},
+    {"menulabelunderline", TreatMenuLabelLine},
+    {"mytoolcaption", [](Reader &r, std::string_view, std::string_view l) { StoreToolCaption(r, l); }},
+    {"qlob",
+     [](Reader &r, std::string_view, std::string_view l) {
+         StoreWholeLine(r.model.QlobTable, 199, r.qlobCursor, l, "qlob:");
+     }},
+    {"quantumlock",
+     [](Reader &r, std::string_view, std::string_view l) {
+         StoreWholeLine(r.model.QuantumLockTable, 99, r.quantumLockCursor, l, "quantumlock:");
+     }},
+    {"serverfield", [](Reader &r, std::string_view, std::string_view l) { StoreServerField(r, l); }},
+    {"service",
+     [](Reader &r, std::string_view, std::string_view l) {
+         StoreWholeLine(r.model.ServiceTable, 199, r.serviceCursor, l, "service:");
+     }},
+    {"toolsub", [](Reader &r, std::string_view, std::string_view l) { StoreToolSub(r, l); }},
+    {"variable", [](Reader &r, std::string_view, std::string_view l) { StoreVariable(r, l); }},
+};
+
+const RecordKey *FindRecordKey(std::string_view key) {
+    const auto found = std::lower_bound(
+        std::begin(kRecordKeys), std::end(kRecordKeys), key,
+        [](const RecordKey &record, std::string_view wanted) { return record.name < wanted; });
+    return found != std::end(kRecordKeys) && found->name == key ? found : nullptr;
+}
+
+void TreatLine(Reader &r, std::string_view line) {
+    const std::string key = NormText(line.substr(0, line.find(':')));
+    if (const RecordKey *record = FindRecordKey(key)) {
+        record->handler(r, key, line);
+    } else if (const SettingKey *setting = FindSettingKey(key)) {
+        ReadSetting(r.model.settings, *setting, line);
+    }
+}
+
+void FinishLoading(ProjectModel &m, const HostScreen &screen) {
+    ProjectSettings &s = m.settings;
+    if (IsBlank(s.mytopmenu)) s.mytopmenu = kDefaultTopMenu;
+    if (IsBlank(s.originwidth) || IsBlank(s.originheight)) {
+        s.originwidth = IntText(screen.widthTwips);
+        s.originheight = IntText(screen.heightTwips);
+    }
+    // The menu designer fills the screen; its size is what a save records.
+    s.mymenufullwidth = screen.widthTwips;
+    s.mymenufullheight = screen.heightTwips;
+}
+
+} // namespace
+
+std::size_t LoadProjectText(ProjectModel &model, std::string_view name, std::string_view bytes,
+                            const HostScreen &screen) {
+    model.settings.myprojectname = std::string(name);
+    model.scrambled = false;
+    Reader reader{model};
+    std::size_t count = 0;
+    std::string unscrambled;
+    for (std::string_view line : SplitLines(bytes)) {
+        if (model.scrambled) {
+            unscrambled = UnscrambleText(line);
+            line = unscrambled;
+        }
+        if (line.find(':') == std::string_view::npos && NormText(line) == "[revise]")
+            model.scrambled = true;
+        TreatLine(reader, line);
+        ++count;
+    }
+    FinishLoading(model, screen);
+    return count;
+}
+
+LoadReport LoadProject(ProjectModel &model, const AppPaths &paths, std::string_view name,
+                       const HostScreen &screen) {
+    LoadReport report;
+    const auto file = paths.ProjectFile(name);
+    const auto bytes = file ? ReadFileBytes(*file) : std::nullopt;
+    report.found = bytes.has_value();
+    report.lines = LoadProjectText(model, name, bytes ? *bytes : std::string_view{}, screen);
+    return report;
+}
+
+} // namespace orrery

@@ -1,0 +1,31 @@
+// Reading a project file into the model.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "foundation/paths.h"
+#include "project/model.h"
+
+namespace orrery {
+
+struct LoadReport {
+    bool found = false;     // the project file could be read
+    std::size_t lines = 0;  // lines treated
+};
+
+// Reads the project of that name into the model, which only ever grows: nothing is cleared,
+// the element count goes on, and a line that fails to convert leaves its target as it was.
+// A missing file leaves the model as it was. Afterwards a blank top menu gets its default, and
+// a project without its layout screen size counts as made for the host's screen.
+LoadReport LoadProject(ProjectModel &model, const AppPaths &paths, std::string_view name,
+                       const HostScreen &screen = {});
+
+// The same from the bytes of a project file already in memory.
+std::size_t LoadProjectText(ProjectModel &model, std::string_view name, std::string_view bytes,
+                            const HostScreen &screen = {});
+
+inline constexpr std::string_view kDefaultTopMenu =
+    "File//-Exit=exit//Edit//-Cut=cut//-Copy=copy//-Paste=paste";
+
+} // namespace orrery

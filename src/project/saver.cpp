@@ -1,0 +1,214 @@
+// SaveProject: the model in the writing order of the project file.
+#include "project/saver.h"
+
+#include <array>
+#include <ctime>
+#include <system_error>
+
+#include "foundation/convert.h"
+#include "foundation/text.h"
+#include "foundation/textfile.h"
+#include "project/keytable.h"
+
+namespace orrery {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+void Line(std::string &out, std::string_view a, std::string_view b = {}, std::string_view c = {},
+          std::string_view d = {}) {
+    out += a;
+    out += b;
+    out += c;
+    out += d;
+    out += kLineEnd;
+}
+
+void WriteKeys(std::string &out, const ProjectSettings &settings, KeyGroup group) {
+    for (const SettingKey &key : SettingKeys())
+        if (key.group == group) WriteSetting(out, settings, key);
+}
+
+void WriteMenuImages(std::string &out, const ProjectModel &m) {
+    int n = 0;
+    for (const MenuImage &image : m.menuImages) {
+        if (IsBlank(image.file)) continue;
+        const std::string count = IntText(++n) + ":";
+        Line(out, "menuimagetag:", count, Trim(image.file));
+        Line(out, "menuimageleft:", count, IntText(image.left));
+        Line(out, "menuimagetop:", count, IntText(image.top));
+        Line(out, "menuimagedatafield:", count, Trim(image.dataField));
+    }
+}
+
+void WriteMenuLabels(std::string &out, const ProjectModel &m) {
+    int n = 0;
+    for (const MenuLabel &label : m.MenuLabelTable) {
+        if (IsBlank(label.caption)) continue;
+        const std::string count = IntText(++n) + ":";
+        Line(out, "menulabelcaption:", count, Trim(label.caption));
+        Line(out, "menulabeltag:", count, Trim(label.tag));
+        Line(out, "menulabelleft:", count, IntText(label.left));
+        Line(out, "menulabeltop:", count, IntText(label.top));
+        Line(out, "menulabelforecolor:", count, IntText(label.foreColor));
+        Line(out, "menulabelbackstyle:", count, IntText(label.backStyle));
+        Line(out, "menulabelbackcolor:", count, IntText(label.backColor));
+        Line(out, "menulabelbold:", count, BoolText(label.bold));
+        Line(out, "menulabelitalic:", count, BoolText(label.italic));
+        Line(out, "menulabelunderline:", count, BoolText(label.underline));
+        Line(out, "menulabelfontsize:", count, Trim(label.fontSize));
+        Line(out, "menulabelfontname:", count, Trim(label.fontName));
+        Line(out, "menulabeldatafield:", count, Trim(label.dataField));
+    }
+}
+
+// The clean-up of a property before writing, which repairs text left by older forms. It
+// changes the table itself; the "element:<column>:" prefix goes only to the file.
+void CleanProperty(std::string &property, int column) {
+    if (InStr(property, "element:")) property = ReplaceAll(property, "element:", "");
+    if (InStr(property, "action:action:")) property = ReplaceAll(property, "action:action:", "action:");
+    if (column == kActionColumn && !InStr(NormText(property), "action:"))
+        property.insert(0, "action:");
+    if (IsNumeric(FieldAt(property, 1))) property = FieldAt(property, 3);
+}
+
+const std::string &ElementPrefix(int column) {
+    static const auto prefixes = [] {
+        std::array<std::string, kPropertyColumns + 1> all;
+        for (int c = 1; c <= kPropertyColumns; ++c) all[c] = "element:" + IntText(c) + ":";
+        return all;
+    }();
+    return prefixes[static_cast<std::size_t>(column)];
+}
+
+void WriteElements(std::string &out, ProjectModel &m) {
+    for (int row = 1; row <= kElementRows; ++row) {
+        ElementRow &element = m.Element(row);
+        if (IsBlank(element[1])) continue;
+        Line(out, "[newel]:", FieldAt(element[2], 1), ":", element[0]);
+        for (int column = 1; column <= kPropertyColumns; ++column) {
+            std::string &property = element[static_cast<std::size_t>(column)];
+            if (IsBlank(property)) continue;
+            CleanProperty(property, column);
+            const std::string &prefix = ElementPrefix(column);
+            if (InStr(property, prefix)) Line(out, property);
+            else Line(out, prefix, property);
+        }
+        out += kLineEnd;
+    }
+}
+
+template <typename Table>
+void WriteRecords(std::string &out, const Table &table, std::string_view prefix) {
+    for (const std::string &record : table)
+        if (!IsBlank(record)) Line(out, prefix, Trim(record));
+}
+
+void Heading(std::string &out, std::string_view heading) {
+    out += kLineEnd;
+    Line(out, heading);
+    out += kLineEnd;
+}
+
+void WriteSections(std::string &out, ProjectModel &m) {
+    Heading(out, "[tools]");
+    WriteElements(out, m);
+    Heading(out, "[dynamics]");
+    WriteRecords(out, m.DynamicTable, "");
+    Heading(out, "[help]");
+    WriteRecords(out, m.HelpTable, "helpme:");
+    Heading(out, "[qlobs]");
+    WriteRecords(out, m.QlobTable, "qlob:");
+    Heading(out, "[quantumlocks]");
+    WriteRecords(out, m.QuantumLockTable, "quantumlock:");
+    Heading(out, "[services]");
+    WriteRecords(out, m.ServiceTable, "service:");
+    Heading(out, "[variables]");
+    for (const Variable &variable : m.VariableTable)
+        if (!IsBlank(variable.name))
+            Line(out, "variable:", Trim(variable.name), "=", Trim(variable.value));
+    Heading(out, "[custom servers]");
+    WriteRecords(out, m.CustomServerTable, "customserver:");
+    Heading(out, "[toolsubs]");
+    for (ToolSub &sub : m.ToolSubTable) {
+        if (IsBlank(sub.key)) continue;
+        if (InStr(sub.key, "action:")) sub.key = ReplaceAll(sub.key, "action:", "");
+        Line(out, "toolsub:", Trim(sub.key), ":", Trim(sub.sequence));
+    }
+}
+
+} // namespace
+
+std::string BuildProjectText(ProjectModel &m) {
+    std::string out;
+    out.reserve(64 * 1024);
+    WriteKeys(out, m.settings, KeyGroup::Head);
+    WriteMenuImages(out, m);
+    WriteMenuLabels(out, m);
+    WriteKeys(out, m.settings, KeyGroup::ToolsMenu);
+    int n = 0;
+    for (const std::string &caption : m.ToolNameTable)
+        if (!IsBlank(caption)) Line(out, "mytoolcaption:", IntText(++n), ":", Trim(caption));
+    WriteRecords(out, m.ServerFieldTable, "serverfield:");
+    WriteKeys(out, m.settings, KeyGroup::Style);
+    WriteSections(out, m);
+    return out;
+}
+
+std::string BackupFileName(std::string_view projectName, std::string_view nowText) {
+    return NormText(StripPunctuation(projectName)) + "_" + NormText(StripPunctuation(nowText)) +
+           "_.dat";
+}
+
+std::string CurrentDateTimeText() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    char text[32];
+    std::strftime(text, sizeof text, "%Y/%m/%d %H:%M:%S", &local);
+    return text;
+}
+
+SaveResult SaveProject(ProjectModel &model, const AppPaths &paths, std::string_view mode, int go) {
+    return SaveProject(model, paths, mode, go, CurrentDateTimeText());
+}
+
+SaveResult SaveProject(ProjectModel &model, const AppPaths &paths, std::string_view mode, int go,
+                       std::string_view nowText) {
+    SaveResult result;
+    if (go != 1) return result;
+    if (model.scrambled) {
+        result.status = SaveStatus::ReadOnly;
+        return result;
+    }
+    const std::string &name = model.settings.myprojectname;
+    model.lastSavedName = name;
+    const auto file = paths.ProjectFile(name);
+    if (!file || !paths.MakeProjectDir(name)) {
+        result.status = SaveStatus::Failed;
+        result.error = "cannot make a project directory for the name \"" + name + "\"";
+        return result;
+    }
+    result.file = *file;
+    std::string text = BuildProjectText(model);
+    text += kLineEnd;
+    if (!ReplaceFileAtomically(*file, text)) {
+        result.status = SaveStatus::Failed;
+        result.error = file->string() + ": cannot write the project file; the old one is kept";
+        return result;
+    }
+    result.status = SaveStatus::Saved;
+    if (NormText(mode) != "backup") return result;
+    const std::string backupName = BackupFileName(name, nowText);
+    const auto component = SafeComponent(backupName);
+    std::error_code error;
+    std::filesystem::create_directories(paths.BackupPath(), error);
+    if (component && ReplaceFileAtomically(paths.BackupPath() / *component, text))
+        result.backup = paths.BackupPath() / *component;
+    else
+        result.error = "cannot write the backup " + (paths.BackupPath() / backupName).string();
+    return result;
+}
+
+} // namespace orrery

@@ -1,0 +1,186 @@
+// The orrery tool's commands: new, resave, dump, summary, scramble, unscramble.
+#include "tools/cli.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iostream>
+#include <iterator>
+#include <memory>
+
+#include "foundation/codepage.h"
+#include "foundation/paths.h"
+#include "foundation/scramble.h"
+#include "foundation/text.h"
+#include "foundation/textfile.h"
+#include "project/defaults.h"
+#include "project/loader.h"
+#include "project/saver.h"
+#include "tools/dump.h"
+
+namespace orrery {
+
+namespace {
+
+// Arguments arrive in UTF-8; the system's own text is Windows-1252.
+struct ProjectArgs {
+    std::string appDir;
+    std::string name;
+
+    AppPaths Paths() const { return AppPaths(appDir); }
+    std::string Name() const { return Utf8ToCp1252(name); }
+};
+
+void AddProjectArgs(CLI::App &command, ProjectArgs &args, bool nameRequired = true) {
+    command.add_option("app-dir", args.appDir, "The application folder (holds Data/ and Res/)")
+        ->required();
+    auto *name = command.add_option("name", args.name, "The project's name");
+    if (nameRequired) name->required();
+}
+
+// Loads the named project; prints why not and returns false when it can't.
+bool LoadExisting(ProjectModel &model, const ProjectArgs &args, std::ostream &err) {
+    const AppPaths paths = args.Paths();
+    const auto file = paths.ProjectFile(args.Name());
+    if (!file) {
+        err << "orrery: \"" << args.name << "\" is not a usable project name\n";
+        return false;
+    }
+    if (!LoadProject(model, paths, args.Name()).found) {
+        err << "orrery: " << file->string() << ": no such project\n";
+        return false;
+    }
+    return true;
+}
+
+int New(const ProjectArgs &args, NewProjectInfo info, std::ostream &out, std::ostream &err) {
+    info.name = args.Name();
+    for (std::string *text : {&info.author, &info.website, &info.email, &info.description})
+        *text = Utf8ToCp1252(*text);
+    ProjectModel model;
+    const CreateResult created = CreateProject(model, args.Paths(), info);
+    if (!created.created) {
+        err << "orrery: " << created.message << "\n";
+        return 1;
+    }
+    out << "created " << args.Paths().ProjectFile(info.name)->string() << "\n";
+    return 0;
+}
+
+int Resave(const ProjectArgs &args, bool backup, std::ostream &out, std::ostream &err) {
+    ProjectModel model;
+    if (!LoadExisting(model, args, err)) return 1;
+    const SaveResult saved = SaveProject(model, args.Paths(), backup ? "backup" : "", 1);
+    switch (saved.status) {
+    case SaveStatus::ReadOnly:
+        err << "orrery: \"" << args.name
+            << "\" was loaded from a scrambled file and can't be saved\n";
+        return 1;
+    case SaveStatus::Saved:
+        out << "saved " << saved.file.string() << "\n";
+        if (!saved.backup.empty()) out << "backup " << saved.backup.string() << "\n";
+        if (!saved.error.empty()) err << "orrery: " << saved.error << "\n";
+        return saved.error.empty() ? 0 : 1;
+    default: err << "orrery: " << saved.error << "\n"; return 1;
+    }
+}
+
+int Dump(const ProjectArgs &args, std::ostream &out, std::ostream &err) {
+    ProjectModel model;
+    if (!LoadExisting(model, args, err)) return 1;
+    out << ModelToJson(model).dump(2) << "\n";
+    return 0;
+}
+
+template <typename Table> int Filled(const Table &table) {
+    return static_cast<int>(std::count_if(table.begin(), table.end(),
+                                          [](const auto &slot) { return !IsBlank(SlotKey(slot)); }));
+}
+
+int Summary(ProjectArgs args, std::ostream &out, std::ostream &err) {
+    if (args.name.empty())
+        args.name = Cp1252ToUtf8(Trim(FieldBy(ReadTextFile(args.Paths().ProjectNameFile()), 1, "\r\n")));
+    if (args.name.empty()) {
+        err << "orrery: no project named and no " << args.Paths().ProjectNameFile().string() << "\n";
+        return 1;
+    }
+    ProjectModel model;
+    if (!LoadExisting(model, args, err)) return 1;
+    const ProjectSettings &s = model.settings;
+    const int elements = static_cast<int>(std::count_if(
+        model.ElementTable.begin() + 1, model.ElementTable.end(),
+        [](const ElementRow &row) { return !IsBlank(row[1]); }));
+    out << "Project:        " << args.name << (model.scrambled ? " (scrambled)" : "") << "\n"
+        << "File:           " << args.Paths().ProjectFile(args.Name())->string() << "\n"
+        << "Author:         " << Cp1252ToUtf8(s.myprojectauthor) << "\n"
+        << "Website:        " << Cp1252ToUtf8(s.myprojectwebsite) << "\n"
+        << "Tools:          " << Filled(model.ToolNameTable) << "\n"
+        << "Elements:       " << elements << "\n"
+        << "Qlobs:          " << Filled(model.QlobTable) << "\n"
+        << "Variables:      " << Filled(model.VariableTable) << "\n"
+        << "Services:       " << Filled(model.ServiceTable) << "\n"
+        << "Help topics:    " << Filled(model.HelpTable) << "\n"
+        << "Dynamics:       " << Filled(model.DynamicTable) << "\n"
+        << "Custom servers: " << Filled(model.CustomServerTable) << "\n"
+        << "Random servers: " << s.myserversrandom << "\n"
+        << "Start-up:       " << Cp1252ToUtf8(s.mymainsubload) << "\n";
+    return 0;
+}
+
+// Each line of the input through the function, one output line each.
+int EachLine(std::istream &in, std::ostream &out, std::string (*transform)(std::string_view)) {
+    const std::string input{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    for (std::string_view line : SplitLines(input)) out << transform(line) << "\n";
+    return 0;
+}
+
+} // namespace
+
+int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::ostream &out,
+                 std::ostream &err) {
+    CLI::App app{"orrery: the command-line tool of Orrery Kit for authors", "orrery"};
+    app.require_subcommand(1);
+
+    ProjectArgs project;
+    NewProjectInfo info;
+    bool backup = false;
+
+    auto *newCommand = app.add_subcommand("new", "Make the application tree and a new project");
+    AddProjectArgs(*newCommand, project);
+    newCommand->add_option("--author", info.author, "The project's author")->required();
+    newCommand->add_option("--website", info.website, "The author's website");
+    newCommand->add_option("--email", info.email, "The author's mail address");
+    newCommand->add_option("--description", info.description,
+                           "Description; \"/crlf/\" starts a new line");
+
+    auto *resave = app.add_subcommand("resave", "Load a project and save it again");
+    AddProjectArgs(*resave, project);
+    resave->add_flag("--backup", backup, "Also write a dated copy under _autobackup");
+
+    auto *dump = app.add_subcommand("dump", "Print the loaded project model as JSON");
+    AddProjectArgs(*dump, project);
+
+    auto *summary = app.add_subcommand("summary", "Print what a project holds");
+    AddProjectArgs(*summary, project, false);
+
+    auto *scramble = app.add_subcommand("scramble", "Scramble each line of standard input");
+    auto *unscramble = app.add_subcommand("unscramble", "Unscramble each line of standard input");
+
+    try {
+        std::vector<std::string> reversed(args.rbegin(), args.rend());
+        app.parse(reversed);
+    } catch (const CLI::ParseError &error) {
+        const int code = app.exit(error, out, err);
+        return code == 0 ? 0 : 2;
+    }
+
+    if (newCommand->parsed()) return New(project, info, out, err);
+    if (resave->parsed()) return Resave(project, backup, out, err);
+    if (dump->parsed()) return Dump(project, out, err);
+    if (summary->parsed()) return Summary(project, out, err);
+    if (scramble->parsed())
+        return EachLine(in, out, [](std::string_view line) { return ScrambleText(line); });
+    if (unscramble->parsed()) return EachLine(in, out, UnscrambleText);
+    return 2;
+}
+
+} // namespace orrery
