@@ -223,8 +223,7 @@ void TickTextToList(std::string_view text, std::vector<std::string> &items) {
     std::size_t start = 0;
     for (int i = 1; i <= kMaxItems; ++i) {
         const std::size_t end = text.find('`', start);
-        std::string item = Trim(
-            text.substr(start, end == std::string_view::npos ? text.size() - start : end - start));
+        std::string item = Trim(text.substr(start, end - start)); // npos runs to the end
         if (!item.empty()) items.push_back(std::move(item));
         if (end == std::string_view::npos) return;
         start = end + 1;
@@ -232,6 +231,7 @@ void TickTextToList(std::string_view text, std::vector<std::string> &items) {
 }
 
 std::size_t FirstOperatorPos(std::string_view text) {
+    // 9999 stands for "not found" in the chain arithmetic, so a hit that far out is no hit.
     constexpr std::size_t kNone = 9999;
     const std::size_t hit = text.find_first_of(kOperators);
     if (hit == std::string_view::npos || hit + 1 >= kNone) return 0;

@@ -1,0 +1,61 @@
+// A new project: its defaults, the creation step, and what survives a save and reload.
+#include <gtest/gtest.h>
+
+#include "foundation/textfile.h"
+#include "project/defaults.h"
+#include "project/keytable.h"
+#include "project/loader.h"
+#include "support/tempdir.h"
+
+namespace orrery {
+namespace {
+
+NewProjectInfo Info(std::string name = "Night Shift", std::string author = "Kim") {
+    return {std::move(name), std::move(author), "night.example", "kim@night.example",
+            " One/crlf/Two "};
+}
+
+TEST(ProjectDefaults, CreatedProjectReloadsWithEverySettingButTheQonsoleStyle) {
+    test::TempDir dir;
+    const AppPaths paths(dir.path());
+    ProjectModel created;
+    ASSERT_TRUE(CreateProject(created, paths, Info()).created);
+    EXPECT_EQ(created.settings.myprojectdescription, "One\r\nTwo");
+    EXPECT_EQ(created.settings.mycredits, "[Night Shift]//Credits");
+    EXPECT_EQ(created.settings.mtdefstyleqonsolebackcolor, 0x404040);
+    EXPECT_EQ(created.ServiceTable[9], "HYPERQUBE(333)=Hyperqube=//none");
+    EXPECT_EQ(created.ToolNameTable[1], "Connector");
+    EXPECT_EQ(created.ToolNameTable[9], "Site Controller");
+    EXPECT_EQ(created.HelpTable[1].substr(0, 33), "Welcome:Welcome to $myprojectname");
+
+    ProjectModel reloaded;
+    ASSERT_TRUE(LoadProject(reloaded, paths, "Night Shift").found);
+    // The qonsole style isn't written, so a reload has the blank model's values there.
+    const ProjectSettings blank;
+    for (const SettingKey &key : SettingKeys()) {
+        const ProjectSettings &expected = key.group == KeyGroup::ReadOnly ? blank : created.settings;
+        const bool same = std::visit(
+            [&](auto member) { return expected.*member == reloaded.settings.*member; }, key.member);
+        EXPECT_TRUE(same) << key.written;
+    }
+    EXPECT_EQ(reloaded.settings.qkeywords, created.settings.qkeywords);
+    EXPECT_EQ(reloaded.VariableTable[2].value, "Player1");
+    EXPECT_EQ(reloaded.ServerFieldTable[3], "ADMIN (RANDOM:PERSON)");
+    EXPECT_EQ(reloaded.HelpTable[3], created.HelpTable[3]);
+}
+
+TEST(ProjectDefaults, CreationRefusesBlankFieldsAndExistingProjects) {
+    test::TempDir dir;
+    const AppPaths paths(dir.path());
+    ProjectModel model;
+    EXPECT_EQ(CreateProject(model, paths, Info(" ", "Kim")).message, kMissingNameOrAuthor);
+    EXPECT_EQ(CreateProject(model, paths, Info("Game", "")).message, kMissingNameOrAuthor);
+    ASSERT_TRUE(CreateProject(model, paths, Info("Game!")).created);
+    ProjectModel again;
+    EXPECT_EQ(CreateProject(again, paths, Info("GAME")).message, kProjectAlreadyExists);
+    EXPECT_TRUE(std::filesystem::is_directory(paths.ResPath() / "toolstyle"));
+    EXPECT_TRUE(std::filesystem::is_directory(paths.WorldPath()));
+}
+
+} // namespace
+} // namespace orrery

@@ -1,0 +1,159 @@
+// The project file read and written back: golden bytes, fixed point, scrambled copies.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "foundation/random.h"
+#include "foundation/scramble.h"
+#include "foundation/textfile.h"
+#include "project/loader.h"
+#include "project/saver.h"
+#include "support/tempdir.h"
+
+namespace orrery {
+namespace {
+
+const std::filesystem::path kRich = std::filesystem::path(ORRERY_TEST_DATA) / "project" / "rich";
+
+std::string ReadOrFail(const std::filesystem::path &file) {
+    auto bytes = ReadFileBytes(file);
+    EXPECT_TRUE(bytes) << file;
+    return bytes.value_or("");
+}
+
+// Puts the bytes as the project file of "Rich Game" below a fresh application folder.
+AppPaths InstallProject(const test::TempDir &dir, std::string_view bytes) {
+    AppPaths paths(dir.path());
+    EXPECT_TRUE(paths.MakeAppTree("Rich Game"));
+    EXPECT_TRUE(ReplaceFileAtomically(*paths.ProjectFile("Rich Game"), bytes));
+    return paths;
+}
+
+std::string LoadAndSave(const std::string &bytes) {
+    test::TempDir dir;
+    const AppPaths paths = InstallProject(dir, bytes);
+    ProjectModel model;
+    EXPECT_TRUE(LoadProject(model, paths, "Rich Game").found);
+    EXPECT_EQ(SaveProject(model, paths, "", 1).status, SaveStatus::Saved);
+    return ReadOrFail(*paths.ProjectFile("Rich Game"));
+}
+
+TEST(ProjectRoundTrip, RichProjectSavesTheGoldenBytesAndIsAFixedPoint) {
+    const std::string first = LoadAndSave(ReadOrFail(kRich / "settings.dat"));
+    if (std::getenv("ORRERY_UPDATE_GOLDEN")) ASSERT_TRUE(ReplaceFileAtomically(kRich / "expected.dat", first));
+    EXPECT_EQ(first, ReadOrFail(kRich / "expected.dat"));
+    EXPECT_EQ(LoadAndSave(first), first);
+}
+
+TEST(ProjectRoundTrip, ScrambledCopyLoadsTheSameModelAndNeverSaves) {
+    const std::string plain = ReadOrFail(kRich / "expected.dat");
+    Random random(7);
+    std::string scrambled = "[revise]\r\n";
+    for (std::string_view line : SplitLines(plain)) scrambled += ScrambleText(line, random) + "\r\n";
+
+    test::TempDir dir;
+    const AppPaths paths = InstallProject(dir, scrambled);
+    ProjectModel model;
+    LoadProject(model, paths, "Rich Game");
+    EXPECT_TRUE(model.scrambled);
+    EXPECT_EQ(SaveProject(model, paths, "backup", 1).status, SaveStatus::ReadOnly);
+    EXPECT_EQ(ReadOrFail(*paths.ProjectFile("Rich Game")), scrambled);
+    EXPECT_FALSE(std::filesystem::exists(paths.BackupPath()));
+
+    // The model is the plain one: its text, once the flag is cleared, is the plain file's.
+    model.scrambled = false;
+    EXPECT_EQ(BuildProjectText(model) + "\r\n", plain);
+}
+
+TEST(ProjectRoundTrip, ReviseInMidFileUnscramblesOnlyTheLinesAfterIt) {
+    ProjectModel model;
+    Random random(1);
+    const std::string text = "myprojectauthor:Plain\r\n[revise]\r\n" +
+                             ScrambleText("myprojectwebsite:hidden.example", random) + "\r\n";
+    LoadProjectText(model, "x", text);
+    EXPECT_EQ(model.settings.myprojectauthor, "Plain");
+    EXPECT_EQ(model.settings.myprojectwebsite, "hidden.example");
+}
+
+TEST(ProjectSave, GoOtherThanOneDoesNothing) {
+    test::TempDir dir;
+    AppPaths paths(dir.path());
+    ProjectModel model;
+    model.settings.myprojectname = "Quiet";
+    EXPECT_EQ(SaveProject(model, paths, "backup", 0).status, SaveStatus::NotAsked);
+    EXPECT_FALSE(std::filesystem::exists(paths.DataPath()));
+    EXPECT_TRUE(model.lastSavedName.empty());
+}
+
+TEST(ProjectSave, BackupGoesBesideTheProjectWithAStampedName) {
+    test::TempDir dir;
+    AppPaths paths(dir.path());
+    ProjectModel model;
+    model.settings.myprojectname = "My:Game";
+    const SaveResult saved = SaveProject(model, paths, "  BackUp ", 1, "2026/11/21 10:49:46");
+    ASSERT_EQ(saved.status, SaveStatus::Saved);
+    EXPECT_EQ(saved.backup, paths.BackupPath() / "mygame_20261121 104946_.dat");
+    EXPECT_EQ(ReadOrFail(saved.backup), ReadOrFail(saved.file));
+    EXPECT_EQ(saved.file, paths.DataPath() / "mygame" / "settings.dat");
+    EXPECT_EQ(model.lastSavedName, "My:Game");
+}
+
+TEST(ProjectSave, FailedWriteKeepsTheOldFile) {
+    test::TempDir dir;
+    AppPaths paths(dir.path());
+    ProjectModel model;
+    model.settings.myprojectname = "Kept";
+    ASSERT_EQ(SaveProject(model, paths, "", 1).status, SaveStatus::Saved);
+    const auto file = *paths.ProjectFile("Kept");
+    const std::string before = ReadOrFail(file);
+    // A directory where the temporary file would go makes the write fail.
+    std::filesystem::create_directory(file.string() + ".saving");
+    model.settings.myprojectauthor = "changed";
+    const SaveResult failed = SaveProject(model, paths, "", 1);
+    EXPECT_EQ(failed.status, SaveStatus::Failed);
+    EXPECT_NE(failed.error.find("settings.dat"), std::string::npos);
+    EXPECT_EQ(ReadOrFail(file), before);
+}
+
+TEST(ProjectSave, HostileNamesStayInsideTheApplicationFolder) {
+    test::TempDir dir;
+    AppPaths paths(dir.path() / "app");
+    for (const char *name : {"..", " . ", "::..::", "\x01"}) {
+        ProjectModel model;
+        model.settings.myprojectname = name;
+        EXPECT_EQ(SaveProject(model, paths, "backup", 1).status, SaveStatus::Failed) << name;
+        EXPECT_FALSE(LoadProject(model, paths, name).found);
+    }
+    // "../x" loses its separators and stays a plain folder name.
+    ProjectModel model;
+    model.settings.myprojectname = "../x";
+    EXPECT_EQ(SaveProject(model, paths, "", 1).file, paths.DataPath() / "..x" / "settings.dat");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1);
+}
+
+TEST(ProjectLoad, ProjectDirectoryIsFoundWhateverItsCase) {
+    test::TempDir dir;
+    AppPaths paths(dir.path());
+    std::filesystem::create_directories(paths.DataPath() / "Night Shift");
+    ASSERT_TRUE(WriteTextFile(paths.DataPath() / "Night Shift" / "settings.dat", "myprojectauthor:Kim"));
+    EXPECT_TRUE(paths.ProjectExists("night shift!"));
+    ProjectModel model;
+    EXPECT_TRUE(LoadProject(model, paths, "NIGHT SHIFT").found);
+    EXPECT_EQ(model.settings.myprojectauthor, "Kim");
+    EXPECT_EQ(SaveProject(model, paths, "", 1).file, paths.DataPath() / "Night Shift" / "settings.dat");
+}
+
+TEST(ProjectLoad, MissingFileLeavesTheModelButUpgradesTheScreen) {
+    test::TempDir dir;
+    ProjectModel model;
+    model.settings.myprojectauthor = "kept";
+    const LoadReport report = LoadProject(model, AppPaths(dir.path()), "absent", HostScreen{1000, 2000});
+    EXPECT_FALSE(report.found);
+    EXPECT_EQ(model.settings.myprojectauthor, "kept");
+    EXPECT_EQ(model.settings.originwidth, "1000");
+    EXPECT_EQ(model.settings.originheight, "2000");
+    EXPECT_EQ(model.settings.mytopmenu, kDefaultTopMenu);
+}
+
+} // namespace
+} // namespace orrery
