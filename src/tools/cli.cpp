@@ -165,6 +165,13 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     auto *scramble = app.add_subcommand("scramble", "Scramble each line of standard input");
     auto *unscramble = app.add_subcommand("unscramble", "Unscramble each line of standard input");
 
+    const auto commands = app.get_subcommands([](const CLI::App *) { return true; });
+    if (!args.empty() && !args[0].starts_with("-") &&
+        std::none_of(commands.begin(), commands.end(),
+                     [&](const CLI::App *command) { return command->get_name() == args[0]; })) {
+        err << "orrery: unknown command \"" << args[0] << "\"\nRun with --help for the commands.\n";
+        return 2;
+    }
     try {
         std::vector<std::string> reversed(args.rbegin(), args.rend());
         app.parse(reversed);

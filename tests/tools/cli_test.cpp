@@ -1,0 +1,105 @@
+// The orrery tool as an author runs it: arguments, messages and exit codes.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "foundation/textfile.h"
+#include "tools/cli.h"
+#include "support/tempdir.h"
+
+namespace orrery {
+namespace {
+
+struct ToolRun {
+    int code;
+    std::string out;
+    std::string err;
+};
+
+ToolRun Orrery(std::vector<std::string> args, const std::string &input = "") {
+    std::istringstream in(input);
+    std::ostringstream out, err;
+    const int code = RunOrreryCli(args, in, out, err);
+    return {code, out.str(), err.str()};
+}
+
+TEST(OrreryTool, NewThenDumpResaveAndSummary) {
+    test::TempDir dir;
+    const std::string app = dir.path().string();
+    // Arguments arrive in UTF-8 and the project's own text is Windows-1252.
+    ASSERT_EQ(Orrery({"new", app, "Café Noir", "--author", "Zoë", "--email", "z@x"}).code, 0);
+    const auto file = dir.path() / "Data" / "café noir" / "settings.dat";
+    EXPECT_NE(ReadTextFile(file).find("myprojectauthor:Zo\xEB\r\n"), std::string::npos);
+
+    const ToolRun dump = Orrery({"dump", app, "CAFÉ NOIR"});
+    ASSERT_EQ(dump.code, 0) << dump.err;
+    const auto json = nlohmann::json::parse(dump.out);
+    EXPECT_EQ(json["settings"]["myprojectauthor"], "Zoë");
+    EXPECT_EQ(json["services"].size(), 9u);
+    EXPECT_EQ(json["variables"][1]["name"], "$player");
+
+    const ToolRun resave = Orrery({"resave", app, "Café Noir", "--backup"});
+    EXPECT_EQ(resave.code, 0) << resave.err;
+    EXPECT_NE(resave.out.find("backup "), std::string::npos);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path() / "_autobackup"), {}), 1);
+
+    ASSERT_TRUE(WriteTextFile(dir.path() / "Data" / "pname.dat", "Café Noir"));
+    EXPECT_EQ(Orrery({"summary", app}).code, 1); // pname.dat holds Windows-1252, this was UTF-8
+    ASSERT_TRUE(WriteTextFile(dir.path() / "Data" / "pname.dat", "Caf\xE9 Noir"));
+    const ToolRun summary = Orrery({"summary", app});
+    EXPECT_EQ(summary.code, 0) << summary.err;
+    EXPECT_NE(summary.out.find("Services:       9"), std::string::npos) << summary.out;
+}
+
+TEST(OrreryTool, RefusalsExitNonZeroWithAClearMessage) {
+    test::TempDir dir;
+    const std::string app = dir.path().string();
+    ASSERT_EQ(Orrery({"new", app, "Game", "--author", "A"}).code, 0);
+    struct Case {
+        std::vector<std::string> args;
+        int code;
+        const char *message;
+    };
+    const Case cases[] = {
+        {{"new", app, "game", "--author", "B"}, 1, "A project with that name already exists."},
+        {{"new", app, "  ", "--author", "B"}, 1, "Please enter a 'Project Name' and 'Project Author'."},
+        {{"new", app, "Other"}, 2, "--author is required"},
+        {{"dump", app, "Missing"}, 1, "no such project"},
+        {{"resave", app, ".."}, 1, "not a usable project name"},
+        {{"frobnicate"}, 2, "frobnicate"},
+        {{}, 2, "subcommand"},
+    };
+    for (const Case &c : cases) {
+        const ToolRun run = Orrery(c.args);
+        EXPECT_EQ(run.code, c.code) << run.err;
+        EXPECT_NE(run.err.find(c.message), std::string::npos) << run.err;
+    }
+    const ToolRun help = Orrery({"--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_NE(help.out.find("resave"), std::string::npos);
+}
+
+TEST(OrreryTool, ScrambleAndUnscrambleEachLine) {
+    const ToolRun scrambled = Orrery({"scramble"}, "myqlist:True\r\n  helpon:False  \n");
+    ASSERT_EQ(scrambled.code, 0);
+    EXPECT_EQ(std::count(scrambled.out.begin(), scrambled.out.end(), '\n'), 2);
+    EXPECT_EQ(Orrery({"unscramble"}, scrambled.out).out, "myqlist:True\nhelpon:False\n");
+}
+
+TEST(OrreryTool, ResaveRefusesAScrambledProject) {
+    test::TempDir dir;
+    const std::string app = dir.path().string();
+    ASSERT_EQ(Orrery({"new", app, "Sealed", "--author", "A"}).code, 0);
+    const auto file = dir.path() / "Data" / "sealed" / "settings.dat";
+    ASSERT_TRUE(WriteTextFile(file, "[revise]\r\n" + Orrery({"scramble"}, "myprojectauthor:B").out));
+    const ToolRun run = Orrery({"resave", app, "Sealed"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_NE(run.err.find("scrambled"), std::string::npos);
+    const ToolRun summary = Orrery({"summary", app, "Sealed"});
+    EXPECT_NE(summary.out.find("Sealed (scrambled)"), std::string::npos) << summary.out;
+    EXPECT_NE(summary.out.find("Author:         B\n"), std::string::npos) << summary.out;
+}
+
+} // namespace
+} // namespace orrery
