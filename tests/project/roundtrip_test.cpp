@@ -40,7 +40,9 @@ std::string LoadAndSave(const std::string &bytes) {
 
 TEST(ProjectRoundTrip, RichProjectSavesTheGoldenBytesAndIsAFixedPoint) {
     const std::string first = LoadAndSave(ReadOrFail(kRich / "settings.dat"));
-    if (std::getenv("ORRERY_UPDATE_GOLDEN")) ASSERT_TRUE(ReplaceFileAtomically(kRich / "expected.dat", first));
+    if (std::getenv("ORRERY_UPDATE_GOLDEN")) {
+        ASSERT_TRUE(ReplaceFileAtomically(kRich / "expected.dat", first));
+    }
     EXPECT_EQ(first, ReadOrFail(kRich / "expected.dat"));
     EXPECT_EQ(LoadAndSave(first), first);
 }
