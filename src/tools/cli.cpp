@@ -16,6 +16,7 @@
 #include "project/loader.h"
 #include "project/saver.h"
 #include "tools/dump.h"
+#include "tools/world_commands.h"
 
 namespace orrery {
 
@@ -162,6 +163,18 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     auto *summary = app.add_subcommand("summary", "Print what a project holds");
     AddProjectArgs(*summary, project, false);
 
+    auto *generate = app.add_subcommand("generate", "Generate the project's world into Data/S");
+    AddProjectArgs(*generate, project);
+
+    std::string worldFolder, query;
+    std::vector<std::string> queryArgs;
+    auto *world = app.add_subcommand("world", "Look things up in a world folder (Data/S or a profile's)");
+    world->add_option("folder", worldFolder, "The world folder")->required();
+    world->add_option("query", query, "resolve-ip, resolve-hostname, exists, property, random-ip, random-hostname")
+        ->required()
+        ->check(CLI::IsMember(kWorldQueries));
+    world->add_option("args", queryArgs, "Hosts to look up; for property, a host and a property name");
+
     auto *scramble = app.add_subcommand("scramble", "Scramble each line of standard input");
     auto *unscramble = app.add_subcommand("unscramble", "Unscramble each line of standard input");
 
@@ -184,6 +197,8 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     if (resave->parsed()) return Resave(project, backup, out, err);
     if (dump->parsed()) return Dump(project, out, err);
     if (summary->parsed()) return Summary(project, out, err);
+    if (generate->parsed()) return GenerateCommand(project.appDir, project.name, out, err);
+    if (world->parsed()) return WorldCommand(worldFolder, query, queryArgs, out, err);
     if (scramble->parsed())
         return EachLine(in, out, [](std::string_view line) { return ScrambleText(line); });
     if (unscramble->parsed()) return EachLine(in, out, UnscrambleText);

@@ -103,3 +103,34 @@ TEST(OrreryTool, ResaveRefusesAScrambledProject) {
 
 } // namespace
 } // namespace orrery
+
+namespace orrery {
+namespace {
+
+TEST(OrreryTool, GenerateAWorldAndLookThingsUpInIt) {
+    test::TempDir dir;
+    const std::string app = dir.path().string();
+    ASSERT_EQ(Orrery({"new", app, "Net", "--author", "A"}).code, 0);
+    EXPECT_EQ(Orrery({"generate", app, "Net"}).code, 1); // no word sources yet
+    std::string names, words;
+    for (int i = 0; i < 13400; ++i) names += "Name\r\n";
+    for (int i = 0; i < 20000; ++i) words += "word\r\n";
+    ASSERT_TRUE(WriteTextFile(dir.path() / "Data" / "names.dat", names));
+    ASSERT_TRUE(WriteTextFile(dir.path() / "Data" / "words.dat", words));
+    const ToolRun generated = Orrery({"generate", app, "Net"});
+    ASSERT_EQ(generated.code, 0) << generated.err;
+    EXPECT_NE(generated.out.find("generated 4845 servers"), std::string::npos);
+    EXPECT_NE(generated.err.find("GENERATING RANDOM SERVERS - 255.*.*.*"), std::string::npos);
+
+    const std::string world = (dir.path() / "Data" / "S").string();
+    const std::string ip = Orrery({"world", world, "random-ip"}).out;
+    ASSERT_TRUE(ip.starts_with("1") || ip.starts_with("2")) << ip;
+    const std::string host = ip.substr(0, ip.size() - 1);
+    EXPECT_EQ(Orrery({"world", world, "exists", host, "nowhere.net"}).out, "True\nFalse\n");
+    EXPECT_EQ(Orrery({"world", world, "property", host, "admin"}).out, "Name Name\n");
+    EXPECT_EQ(Orrery({"world", world, "property", host}).code, 2);
+    EXPECT_EQ(Orrery({"world", app + "/nowhere", "random-ip"}).code, 1);
+}
+
+} // namespace
+} // namespace orrery
