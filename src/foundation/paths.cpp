@@ -55,7 +55,7 @@ bool AppPaths::MakeProjectDir(std::string_view projectName) const {
     return fs::is_directory(*folder, error);
 }
 
-bool AppPaths::MakeAppTree(std::string_view projectName) const {
+bool AppPaths::MakeProjectFolders(std::string_view projectName) const {
     const fs::path tree[] = {m_root,         DataPath(),         SavedPath(),
                              FontsPath(),    WorldPath(),        ResPath(),
                              ResPath() / "mp3", ResPath() / "uimages", ResPath() / "toolstyle"};

@@ -36,7 +36,7 @@ public:
     // Creates the project's directory; an existing one is no error.
     bool MakeProjectDir(std::string_view projectName) const;
     // Creates the whole tree for a project, passing over directories that exist.
-    bool MakeAppTree(std::string_view projectName) const;
+    bool MakeProjectFolders(std::string_view projectName) const;
 
 private:
     std::filesystem::path m_root;

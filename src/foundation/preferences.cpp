@@ -64,7 +64,7 @@ fs::path PreferenceStore::FileFor(std::string_view projectName) const {
     return m_folder / (name + ".ini");
 }
 
-bool PreferenceStore::Save(std::string_view projectName, std::string_view key,
+bool PreferenceStore::SavePref(std::string_view projectName, std::string_view key,
                            std::string_view value) const {
     const fs::path file = FileFor(projectName);
     Entries entries = ReadEntries(file);
@@ -77,7 +77,7 @@ bool PreferenceStore::Save(std::string_view projectName, std::string_view key,
     return ReplaceFileAtomically(file, text);
 }
 
-std::string PreferenceStore::Get(std::string_view projectName, std::string_view key,
+std::string PreferenceStore::GetPref(std::string_view projectName, std::string_view key,
                                  std::string_view fallback) const {
     const Entries entries = ReadEntries(FileFor(projectName));
     const auto found = entries.find(Trim(key));

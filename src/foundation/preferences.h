@@ -16,9 +16,9 @@ public:
     static std::filesystem::path DefaultFolder();
 
     // Stores value, trimmed, under key in section "Settings" of the project's name.
-    bool Save(std::string_view projectName, std::string_view key, std::string_view value) const;
+    bool SavePref(std::string_view projectName, std::string_view key, std::string_view value) const;
     // The stored value, trimmed, or fallback when there is none.
-    std::string Get(std::string_view projectName, std::string_view key,
+    std::string GetPref(std::string_view projectName, std::string_view key,
                     std::string_view fallback) const;
 
     // The file that holds a project's preferences: the name as it stands, with every byte

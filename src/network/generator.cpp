@@ -152,7 +152,7 @@ std::string GenerateOctetRecords(int count, int octet, const ProjectModel &model
 GenerateResult GenerateWorld(const AppPaths &paths, const ProjectModel &model, WordBank &words,
                              Random &random, const std::function<void(const std::string &)> &progress) {
     GenerateResult result;
-    paths.MakeAppTree(model.settings.myprojectname);
+    paths.MakeProjectFolders(model.settings.myprojectname);
     result.serversPerOctet = ServersPerOctet(model.settings.myserversrandom);
     const fs::path dnsFile = paths.WorldPath() / "dns.dat";
     std::error_code ignored;

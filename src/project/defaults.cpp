@@ -181,7 +181,7 @@ CreateResult CreateProject(ProjectModel &model, const AppPaths &paths, const New
         result.message = kProjectAlreadyExists;
         return result;
     }
-    if (!paths.MakeAppTree(info.name)) {
+    if (!paths.MakeProjectFolders(info.name)) {
         result.message = "Cannot make the folders of the project below " + paths.Root().string() + ".";
         return result;
     }

@@ -71,7 +71,7 @@ TEST(AppPaths, ProjectFoldersAndTheTree) {
         const auto folder = paths.ProjectPath(c.name);
         EXPECT_EQ(folder ? folder->filename().string() : "", c.folder) << c.name;
     }
-    ASSERT_TRUE(paths.MakeAppTree("Game!"));
+    ASSERT_TRUE(paths.MakeProjectFolders("Game!"));
     for (const char *sub : {"Data/S", "Saved", "Fonts", "Res/mp3", "Res/uimages", "Res/toolstyle", "Data/game"})
         EXPECT_TRUE(std::filesystem::is_directory(dir.path() / sub)) << sub;
     EXPECT_FALSE(paths.ProjectExists("Game"));
@@ -82,15 +82,15 @@ TEST(AppPaths, ProjectFoldersAndTheTree) {
 TEST(Preferences, KeptPerProjectNameWithADefault) {
     test::TempDir dir;
     const PreferenceStore store(dir.path() / "prefs");
-    EXPECT_EQ(store.Get("Game", "Music", " 1 "), "1");
-    ASSERT_TRUE(store.Save("Game", "Music", " 0 "));
-    ASSERT_TRUE(store.Save("Game", "Sound", "1"));
-    ASSERT_TRUE(store.Save("game", "Music", "1"));
-    ASSERT_TRUE(store.Save("../Game", "Music", "2"));
-    EXPECT_EQ(store.Get("Game", "Music", "1"), "0");
-    EXPECT_EQ(store.Get("Game", "Sound", "0"), "1");
-    EXPECT_EQ(store.Get("game", "Music", "0"), "1");
-    EXPECT_EQ(store.Get("../Game", "Music", "0"), "2");
+    EXPECT_EQ(store.GetPref("Game", "Music", " 1 "), "1");
+    ASSERT_TRUE(store.SavePref("Game", "Music", " 0 "));
+    ASSERT_TRUE(store.SavePref("Game", "Sound", "1"));
+    ASSERT_TRUE(store.SavePref("game", "Music", "1"));
+    ASSERT_TRUE(store.SavePref("../Game", "Music", "2"));
+    EXPECT_EQ(store.GetPref("Game", "Music", "1"), "0");
+    EXPECT_EQ(store.GetPref("Game", "Sound", "0"), "1");
+    EXPECT_EQ(store.GetPref("game", "Music", "0"), "1");
+    EXPECT_EQ(store.GetPref("../Game", "Music", "0"), "2");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()), {}), 1);
     EXPECT_EQ(store.FileFor("../Game").parent_path(), dir.path() / "prefs");
 }

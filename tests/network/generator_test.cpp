@@ -23,7 +23,7 @@ struct Sources {
     WordBank words;
 
     Sources() {
-        paths.MakeAppTree("G");
+        paths.MakeProjectFolders("G");
         std::string names, words_;
         for (int i = 1; i <= kNameRows; ++i) names += "N" + IntText(i) + "\r\n";
         const char *samples[] = {"ab", "tiny", "middle", "sunbeam", "extraordinary", "o'clock"};

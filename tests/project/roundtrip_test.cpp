@@ -24,7 +24,7 @@ std::string ReadOrFail(const std::filesystem::path &file) {
 // Puts the bytes as the project file of "Rich Game" below a fresh application folder.
 AppPaths InstallProject(const test::TempDir &dir, std::string_view bytes) {
     AppPaths paths(dir.path());
-    EXPECT_TRUE(paths.MakeAppTree("Rich Game"));
+    EXPECT_TRUE(paths.MakeProjectFolders("Rich Game"));
     EXPECT_TRUE(ReplaceFileAtomically(*paths.ProjectFile("Rich Game"), bytes));
     return paths;
 }
