@@ -17,6 +17,7 @@ inline constexpr int kPropertyColumns = 21; // columns 1 to 21 hold "<key>:<valu
 inline constexpr int kActionColumn = 20;
 inline constexpr int kRowNumberColumn = 22;
 inline constexpr int kMenuImageLimit = 32767;
+inline constexpr int kVariableRows = 2000;
 
 // True when the text holds nothing but blanks: such a slot is free.
 bool IsBlank(std::string_view text);
@@ -116,7 +117,7 @@ struct ProjectModel {
     std::vector<ElementRow> ElementTable; // rows 1 to 1499; row 0 is never used
     SlotTable<std::string, 99> ToolNameTable;
     SlotTable<std::string, 199> QlobTable;
-    SlotTable<Variable, 2000> VariableTable;
+    SlotTable<Variable, kVariableRows> VariableTable;
     SlotTable<std::string, 99> ServiceTable;
     SlotTable<std::string, 99> HelpTable;
     SlotTable<std::string, 99> DynamicTable;

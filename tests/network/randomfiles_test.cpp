@@ -37,7 +37,9 @@ TEST(RandomFiles, NamesStemFromKeywordsAsFarAsTheTableIsFilled) {
     for (int i = 0; i < 300; ++i) {
         const RandomFile file = GenerateRandomFile(files, kKeywords, f.sources);
         EXPECT_TRUE(std::regex_match(file.name, shape)) << file.name;
-        if (file.name.find('-') != std::string::npos) EXPECT_TRUE(file.name.ends_with(".data")) << file.name;
+        if (file.name.find('-') != std::string::npos) {
+            EXPECT_TRUE(file.name.ends_with(".data")) << file.name;
+        }
     }
     files[1].name = "taken";
     files[2].name = "taken";

@@ -1,0 +1,61 @@
+// The state of one running game: the project, the world, the desk and the engine's own
+// globals, passed to every engine function. Nothing of it is hidden in a global.
+#pragma once
+
+#include <string>
+
+#include "foundation/paths.h"
+#include "network/randomfiles.h"
+#include "project/model.h"
+#include "shell/desk.h"
+
+namespace orrery {
+
+class Random;
+class ServerDirectory;
+class WordBank;
+
+inline constexpr int kGunSlots = 89;
+
+// What the engine asks of the platform. The Qt shell runs its event queue; a headless host
+// keeps a virtual clock.
+class Host {
+public:
+    virtual ~Host() = default;
+    // Runs pending input and timer events to their end: a click or a tick that is waiting
+    // runs inside the statement that yields.
+    virtual void Yield() = 0;
+    // Blocks the program; no event runs meanwhile.
+    virtual void Sleep(int milliseconds) = 0;
+    // The modal question of RETURN_ASK; returns the answer.
+    virtual std::string Ask(const std::string &question, const std::string &option1,
+                            const std::string &option2) = 0;
+};
+
+struct Game {
+    Game(ProjectModel &projectModel, ServerDirectory &directory, WordBank &wordBank, Random &source,
+         Host &platform)
+        : project(projectModel), world(directory), words(wordBank), random(source), host(platform) {}
+
+    ProjectModel &project;
+    ServerDirectory &world;
+    WordBank &words;
+    Random &random;
+    Host &host;
+    Desk desk;
+    const AppPaths *paths = nullptr; // where pictures are found; none in a bare test game
+
+    FileTable files;
+    SlotTable<std::string, kGunSlots> GunQueue;
+    std::string PlayerName;
+    std::string CurrentArrayIndex;
+    int RunningSequences = 0;
+
+    // Walks nested inside one another right now; past a limit a further walk doesn't start,
+    // so a qlob that calls itself ends instead of exhausting the stack.
+    int walkDepth = 0;
+
+    RandomSources Sources() { return {world, words, random}; }
+};
+
+} // namespace orrery

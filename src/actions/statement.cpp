@@ -1,0 +1,159 @@
+// RunStatement and its dispatch table.
+#include "actions/statement.h"
+
+#include <array>
+
+#include "actions/game.h"
+#include "actions/sequence.h"
+#include "actions/values.h"
+#include "actions/variables.h"
+#include "foundation/text.h"
+
+namespace orrery {
+
+namespace {
+
+using Handler = std::string (*)(Game &, Statement &);
+
+std::string Arg(const Statement &st, int index) { return BracketArg(st.rest, index); }
+
+std::string Nothing(Game &, Statement &) { return {}; }
+
+std::string ExitSequence(Game &, Statement &) { return std::string(kCancel); }
+
+std::string Qlob(Game &game, Statement &st) {
+    std::string name = Arg(st, 1);
+    RunQlob(game, name);
+    return {};
+}
+
+std::string CreateVariableRow(Game &game, Statement &st) {
+    CreateVariable(game, Arg(st, 1), Arg(st, 2));
+    return {};
+}
+
+struct Row {
+    std::string_view name;
+    Handler handler;
+};
+
+// The rows in the order of testing. Rows whose handlers belong to the desk (tools, elements,
+// menus, timers, sound) do nothing until the desk provides them.
+constexpr Row kDispatch[] = {
+    {"authorize", Nothing},
+    {"exit_sequence", ExitSequence},
+    {"return_ask", ReturnAsk},
+    {"return_server_exists", ReturnServerExists},
+    {"qlob", Qlob},
+    {"qlob_counter", Nothing},
+    {"qlob_counter_kill", Nothing},
+    {"message", Nothing},
+    {"exit_game", Nothing},
+    {"return", Return},
+    {"return_complex", ReturnComplex},
+    {"wait", Nothing},
+    {"play_music", Nothing},
+    {"play_sound", Nothing},
+    {"return_image", ReturnImage},
+    {"return_filenew", ReturnFileNew},
+    {"return_filedata", ReturnFileData},
+    {"create_file", CreateFile},
+    {"create_variable", CreateVariableRow},
+    {"return_random", ReturnRandom},
+    {"return_instr", ReturnInstr},
+    {"return_mid", ReturnMid},
+    {"return_random_char", ReturnRandomChar},
+    {"return_random_ip", ReturnRandomIp},
+    {"return_asc", ReturnAsc},
+    {"return_chr", ReturnChr},
+    {"return_length", ReturnLength},
+    {"return_ucase", ReturnUcase},
+    {"return_lcase", ReturnLcase},
+    {"return_random_ip_existing", ReturnRandomIpExisting},
+    {"return_ip", ReturnIp},
+    {"return_hostname", ReturnHostname},
+    {"return_timeformat", ReturnTimeformat},
+    {"return_server_property", ReturnServerProperty},
+    {"return_reverse", ReturnReverse},
+    {"flash_on", Nothing},
+    {"flash_off", Nothing},
+    {"list_add", Nothing},
+    {"list_remove", Nothing},
+    {"list_clear", Nothing},
+    {"set_focus", Nothing},
+    {"element_hide", Nothing},
+    {"element_show", Nothing},
+    {"console_print", Nothing},
+    {"element_backcolor", Nothing},
+    {"element_forecolor", Nothing},
+    {"reset_element", Nothing},
+    {"reset_tool", Nothing},
+    {"tool_backcolor", Nothing},
+    {"set_background_image", Nothing},
+    {"set_background_image_reset", Nothing},
+    {"menu_lock_on", Nothing},
+    {"menu_lock_off", Nothing},
+    {"close", Nothing},
+    {"close_disable", Nothing},
+    {"close_enable", Nothing},
+    {"open", Nothing},
+    {"window_disable_move", Nothing},
+    {"window_enable_move", Nothing},
+    {"z_width_less", Nothing},
+    {"move", Nothing},
+};
+
+constexpr auto kNames = [] {
+    std::array<std::string_view, std::size(kDispatch)> names{};
+    for (std::size_t i = 0; i < std::size(kDispatch); ++i) names[i] = kDispatch[i].name;
+    return names;
+}();
+
+} // namespace
+
+const std::string_view *DispatchNames(std::size_t &count) {
+    count = kNames.size();
+    return kNames.data();
+}
+
+std::string BracketArg(std::string_view rest, int index) {
+    std::string out = "lll";
+    bool inBracket = false;
+    for (const char c : rest) {
+        if (c == '[') inBracket = true;
+        else if (c == ']') inBracket = false;
+        else out += c == ' ' && !inBracket ? '`' : c;
+    }
+    out = ReplaceAll(ReplaceAll(out, "lll`", ""), "lll", "");
+    if (index < 1 || index > 32767) return {};
+    return FieldBy(out, static_cast<std::int16_t>(index), "`");
+}
+
+std::int32_t ResolveToolRef(Game &game, std::string &tool) {
+    if (InStr(tool, "($") && HasParens(tool)) tool = SubstituteVariables(game, tool);
+    return game.desk.GetToolIndex(tool);
+}
+
+std::string RunStatement(Game &game, std::string statement) {
+    if (InStr(statement, "{") && statement.ends_with('}')) return {};
+    game.host.Yield();
+    for (std::string_view prefix : {"action:", "Action:", "ACTION:"})
+        statement = ReplaceAll(statement, prefix, "");
+    statement = Trim(statement);
+    Statement st;
+    if (const auto equals = statement.find('='); equals != std::string::npos) {
+        st.target = Trim(statement.substr(0, equals));
+        statement = Trim(statement.substr(equals + 1));
+    }
+    std::string name = statement;
+    if (const auto blank = statement.find(' '); blank != std::string::npos) {
+        name = Trim(statement.substr(0, blank));
+        st.rest = Trim(statement.substr(blank + 1));
+    }
+    name = NormText(name);
+    for (const Row &row : kDispatch)
+        if (row.name == name) return row.handler(game, st);
+    return {};
+}
+
+} // namespace orrery
