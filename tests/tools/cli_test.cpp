@@ -124,7 +124,7 @@ TEST(OrreryTool, GenerateAWorldAndLookThingsUpInIt) {
 
     const std::string world = (dir.path() / "Data" / "S").string();
     const std::string ip = Orrery({"world", world, "random-ip"}).out;
-    ASSERT_TRUE(ip.starts_with("1") || ip.starts_with("2")) << ip;
+    ASSERT_EQ(std::count(ip.begin(), ip.end(), '.'), 3) << ip;
     const std::string host = ip.substr(0, ip.size() - 1);
     EXPECT_EQ(Orrery({"world", world, "exists", host, "nowhere.net"}).out, "True\nFalse\n");
     EXPECT_EQ(Orrery({"world", world, "property", host, "admin"}).out, "Name Name\n");
