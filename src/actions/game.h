@@ -45,6 +45,8 @@ struct Game {
     Desk desk;
     const AppPaths *paths = nullptr; // where pictures are found; none in a bare test game
 
+    // The run-time user variables; a new game fills them from the project's defaults.
+    SlotTable<Variable, kVariableRows> VariableTable;
     FileTable files;
     SlotTable<std::string, kGunSlots> GunQueue;
     std::string PlayerName;

@@ -16,7 +16,7 @@ constexpr int kLongestSubstitutedName = 21;
 
 const std::string &VariableName(const Game &game, int row) {
     static const std::string kNone;
-    return row <= kVariableRows ? game.project.VariableTable[row].name : kNone;
+    return row <= kVariableRows ? game.VariableTable[row].name : kNone;
 }
 
 // Scans of the table stop at the first row where this name and the next two are blank.
@@ -96,7 +96,7 @@ std::string SubstituteVariables(Game &game, std::string_view text) {
     std::string result = ReplaceAll(text, "_$", "$");
     for (std::size_t length = kLongestSubstitutedName; length >= 1; --length) {
         WalkVariables(game, [&](int row) {
-            const Variable &variable = game.project.VariableTable[row];
+            const Variable &variable = game.VariableTable[row];
             if (IsBlank(variable.name)) return false;
             const std::string name = NormText(variable.name);
             if (name.size() == length && InStr(result, name))
@@ -118,7 +118,7 @@ std::string LookupValue(Game &game, std::string &text) {
     std::string value;
     bool found = false;
     WalkVariables(game, [&](int row) {
-        const Variable &variable = game.project.VariableTable[row];
+        const Variable &variable = game.VariableTable[row];
         if (NormText(variable.name) != wanted) return false;
         value = variable.value;
         return found = true;
@@ -139,7 +139,7 @@ int SetVariable(Game &game, std::string_view name, std::string_view value) {
     const std::string stored = Trim(ReplaceAll(value, "_$", "$"));
     int set = 0;
     WalkVariables(game, [&](int row) {
-        Variable &variable = game.project.VariableTable[row];
+        Variable &variable = game.VariableTable[row];
         if (NormText(variable.name) != wanted) return false;
         variable.value = stored;
         set = 1;
@@ -150,14 +150,14 @@ int SetVariable(Game &game, std::string_view name, std::string_view value) {
 
 std::string GetVariable(Game &game, std::string_view name) {
     const int row = FindVariable(game, ReplaceAll(name, "_", ""));
-    return row ? game.project.VariableTable[row].value : std::string();
+    return row ? game.VariableTable[row].value : std::string();
 }
 
 int FindVariable(const Game &game, std::string_view name) {
     const std::string wanted = NormText(name);
     int found = 0;
     WalkVariables(game, [&](int row) {
-        if (NormText(game.project.VariableTable[row].name) != wanted) return false;
+        if (NormText(game.VariableTable[row].name) != wanted) return false;
         found = row;
         return true;
     });
@@ -170,9 +170,9 @@ void CreateVariable(Game &game, std::string_view name, std::string_view value) {
     };
     const std::string newName = ExpandSpecials(game, clean(name));
     const std::string newValue = ExpandSpecials(game, clean(value));
-    int row = FirstFreeVariable(game.project);
+    int row = FirstFreeSlot(game.VariableTable, kVariableRows);
     if (const int existing = FindVariable(game, newName)) row = existing;
-    game.project.VariableTable[row] = {newName, newValue};
+    game.VariableTable[row] = {newName, newValue};
 }
 
 int FindElementRow(const Game &game, std::string_view name) {

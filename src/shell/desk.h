@@ -77,6 +77,11 @@ public:
 
     std::string OpenToolList; // ":tool:" for each open tool
 
+    // The quicklist's captions, from index 1; a profile keeps them.
+    std::vector<std::string> Quicklist;
+    // One lock per tool of the side menu, from index 1: true while the tool is locked.
+    std::vector<bool> ToolLocked;
+
 private:
     std::vector<std::unique_ptr<ElementControl>> m_controls; // by row
     std::vector<int> m_tlink;                                 // rows, in load order
