@@ -30,6 +30,13 @@ public:
     // The modal question of RETURN_ASK; returns the answer.
     virtual std::string Ask(const std::string &question, const std::string &option1,
                             const std::string &option2) = 0;
+    // The stored preference "Music" or "Sound": "0" is off.
+    virtual std::string Preference(const std::string &key, const std::string &fallback) {
+        (void)key;
+        return fallback;
+    }
+    // Plays a sound effect file.
+    virtual void PlaySound(const std::string &file) { (void)file; }
 };
 
 struct Game {

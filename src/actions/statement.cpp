@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "actions/commands.h"
 #include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/values.h"
@@ -18,8 +19,6 @@ using Handler = std::string (*)(Game &, Statement &);
 std::string Arg(const Statement &st, int index) { return BracketArg(st.rest, index); }
 
 std::string Nothing(Game &, Statement &) { return {}; }
-
-std::string ExitSequence(Game &, Statement &) { return std::string(kCancel); }
 
 std::string Qlob(Game &game, Statement &st) {
     std::string name = Arg(st, 1);
@@ -37,23 +36,22 @@ struct Row {
     Handler handler;
 };
 
-// The rows in the order of testing. Rows whose handlers belong to the desk (tools, elements,
-// menus, timers, sound) do nothing until the desk provides them.
+// The rows in the order of testing. Z_WIDTH_LESS has a row and nothing to do.
 constexpr Row kDispatch[] = {
-    {"authorize", Nothing},
+    {"authorize", Authorize},
     {"exit_sequence", ExitSequence},
     {"return_ask", ReturnAsk},
     {"return_server_exists", ReturnServerExists},
     {"qlob", Qlob},
     {"qlob_counter", Nothing},
     {"qlob_counter_kill", Nothing},
-    {"message", Nothing},
-    {"exit_game", Nothing},
+    {"message", Message},
+    {"exit_game", ExitGame},
     {"return", Return},
     {"return_complex", ReturnComplex},
     {"wait", Nothing},
-    {"play_music", Nothing},
-    {"play_sound", Nothing},
+    {"play_music", PlayMusic},
+    {"play_sound", PlaySound},
     {"return_image", ReturnImage},
     {"return_filenew", ReturnFileNew},
     {"return_filedata", ReturnFileData},
@@ -77,28 +75,28 @@ constexpr Row kDispatch[] = {
     {"return_reverse", ReturnReverse},
     {"flash_on", Nothing},
     {"flash_off", Nothing},
-    {"list_add", Nothing},
-    {"list_remove", Nothing},
-    {"list_clear", Nothing},
-    {"set_focus", Nothing},
-    {"element_hide", Nothing},
-    {"element_show", Nothing},
-    {"console_print", Nothing},
-    {"element_backcolor", Nothing},
-    {"element_forecolor", Nothing},
-    {"reset_element", Nothing},
-    {"reset_tool", Nothing},
-    {"tool_backcolor", Nothing},
-    {"set_background_image", Nothing},
-    {"set_background_image_reset", Nothing},
-    {"menu_lock_on", Nothing},
-    {"menu_lock_off", Nothing},
-    {"close", Nothing},
-    {"close_disable", Nothing},
-    {"close_enable", Nothing},
-    {"open", Nothing},
-    {"window_disable_move", Nothing},
-    {"window_enable_move", Nothing},
+    {"list_add", ListAdd},
+    {"list_remove", ListRemove},
+    {"list_clear", ListClear},
+    {"set_focus", SetFocus},
+    {"element_hide", ElementHide},
+    {"element_show", ElementShow},
+    {"console_print", ConsolePrint},
+    {"element_backcolor", ElementBackcolor},
+    {"element_forecolor", ElementForecolor},
+    {"reset_element", ResetElement},
+    {"reset_tool", ResetTool},
+    {"tool_backcolor", ToolBackcolor},
+    {"set_background_image", SetBackgroundImage},
+    {"set_background_image_reset", SetBackgroundImageReset},
+    {"menu_lock_on", MenuLockOn},
+    {"menu_lock_off", MenuLockOff},
+    {"close", Close},
+    {"close_disable", CloseDisable},
+    {"close_enable", CloseEnable},
+    {"open", Open},
+    {"window_disable_move", WindowDisableMove},
+    {"window_enable_move", WindowEnableMove},
     {"z_width_less", Nothing},
     {"move", Nothing},
 };

@@ -41,15 +41,51 @@ struct ElementControl {
     std::int16_t alignment = 0;
     std::int16_t backStyle = 0;
     std::string dataField;
-    std::string picture; // image: the file shown
+    std::string picture;     // image: the file shown
+    std::string commandList; // qonsole: its commands, as the property holds them
+    std::vector<std::string> consoleRows; // qonsole: printed rows, oldest first
 };
 
-// One tool window: a panel whose tag is the tool's name form, with its caption.
+// One tool window: a panel whose tag is the tool's name, made at its first opening.
 struct ToolBox {
     std::string tag;
-    std::string caption;
     bool visible = false;
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::int32_t backColor = 0;
 };
+
+// The chrome of a tool: title bar parts, caption and close mark, by chrome index.
+struct ToolChrome {
+    int box = 0;             // the toolbox it dresses
+    std::string caption;     // the title
+    std::string tag;         // the title in lower case
+    bool exiterVisible = true; // the close mark and the title bar's right end
+    std::int32_t midWidth = 0;
+    bool border = false;
+};
+
+// An entry of the side menu: caption the tool's title, tag its name without blanks.
+struct SideEntry {
+    std::string caption;
+    std::string tag;
+    bool visible = true;
+    std::int32_t top = 0;
+};
+
+// The message panel of the desktop.
+struct MessagePanel {
+    bool visible = false;
+    std::string title;
+    std::string text;
+};
+
+// Sizes of the tool chrome's pictures, in twips.
+inline constexpr std::int32_t kTitleBarHeight = 375;
+inline constexpr std::int32_t kChromeRightWidth = 600;
+inline constexpr int kMaxToolboxes = 99;
 
 class Desk {
 public:
@@ -75,7 +111,20 @@ public:
     // The toolbox whose tag equals the name form of name; kNoTool when none.
     int GetToolIndex(std::string_view name) const;
 
-    std::string OpenToolList; // ":tool:" for each open tool
+    std::string OpenToolList; // ":tool:" for each tool opened once
+    std::string NoMoveList;   // ":tool:" for each tool that can't be dragged
+    std::vector<SideEntry> SideMenu{1}; // from index 1
+    std::vector<ToolChrome> Chrome{1};  // from index 1, the chrome counter
+    std::vector<int> OpenTools = std::vector<int>(kToolboxes + 1); // chrome index -> toolbox
+    int toolboxCount = 0;  // toolboxes made
+    int selectedBox = 0;   // the toolbox framed by the focus frame
+    bool toolerVisible = false;
+    int focusRow = 0;      // the element that has the focus
+    MessagePanel message;
+    std::string background; // the desktop's picture file
+    bool exitRequested = false;
+    std::int32_t formWidth = 1024 * 15;
+    std::int32_t formHeight = 768 * 15;
 
     // The quicklist's captions, from index 1; a profile keeps them.
     std::vector<std::string> Quicklist;

@@ -1,0 +1,47 @@
+// Tool windows on the desk: the side menu that lists them, opening, dressing, closing, the
+// tools' event sequences and the events of their elements.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace orrery {
+
+struct Game;
+
+inline constexpr std::string_view kAllThatAreVisible = "ALL-THAT-ARE-VISIBLE";
+
+// Builds the side menu from the project's tools: excluded tools get no entry, hidden tools an
+// invisible one. Every entry gets an open lock.
+void LoadSideMenu(Game &game);
+
+// Opens or raises the tool of side-menu entry s. A locked tool stays shut, silently.
+void OpenTool(Game &game, int entry);
+// Opens the tool whose side-menu caption has that name form; an unknown name does nothing.
+void OpenT(Game &game, std::string_view name);
+// Closes the tool of chrome index c: hidden, its close sequence run, its text boxes emptied.
+void UnloadBox(Game &game, int chrome);
+
+// The toolbox whose tag is the name, 0 when none (ToolOpen and GetToolboxIndex).
+int ToolOpen(const Game &game, std::string_view name);
+// The chrome whose caption has the name form; 999 when none.
+int GetRealToolIndex(const Game &game, std::string_view name);
+// The chrome index of a tool by tag; 999 when none.
+int FindBox(const Game &game, std::string_view name);
+
+// Runs the tool's sequences for an event; for "ALL-THAT-ARE-VISIBLE", those of every opened
+// tool that is visible (every one for "open"), on the gun.
+void ActivateToolSub(Game &game, std::string_view tool, std::string_view event);
+void ClearTextBoxesInTool(Game &game, std::string_view tool);
+// Moves the focus frame to a toolbox when it isn't there already, or when forced.
+void SetToolerSel(Game &game, int box, bool force);
+
+// The events of elements, each given the element's row.
+void ButtonClick(Game &game, int row);
+void ImageClick(Game &game, int row);
+void LabelDoubleClick(Game &game, int row);
+void ListClick(Game &game, int row);
+// Enter in a text box under 800 twips high clicks the first button of its tool.
+void TextEnter(Game &game, int row);
+
+} // namespace orrery
