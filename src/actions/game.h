@@ -2,12 +2,15 @@
 // globals, passed to every engine function. Nothing of it is hidden in a global.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 
 #include "foundation/paths.h"
 #include "network/randomfiles.h"
 #include "project/model.h"
 #include "shell/desk.h"
+#include "shell/timers.h"
 
 namespace orrery {
 
@@ -37,6 +40,11 @@ public:
     }
     // Plays a sound effect file.
     virtual void PlaySound(const std::string &file) { (void)file; }
+    // A counter's audio pauses the music and plays; resuming ends it and brings the music back.
+    virtual void PlayCounterAudio(const std::string &file) { (void)file; }
+    virtual void ResumeMusic() {}
+    // A system message box that the player closes.
+    virtual void ShowMessageBox(const std::string &text) { (void)text; }
 };
 
 struct Game {
@@ -59,6 +67,10 @@ struct Game {
     std::string PlayerName;
     std::string CurrentArrayIndex;
     int RunningSequences = 0;
+
+    Timers timers;
+    std::int64_t now = 0;              // the game's clock, in milliseconds
+    std::function<void()> onAutosave;  // the autosave timer's work, given by the session
 
     // Walks nested inside one another right now; past a limit a further walk doesn't start,
     // so a qlob that calls itself ends instead of exhausting the stack.

@@ -6,6 +6,7 @@
 #include "actions/commands.h"
 #include "actions/game.h"
 #include "actions/sequence.h"
+#include "actions/timed.h"
 #include "actions/values.h"
 #include "actions/variables.h"
 #include "foundation/text.h"
@@ -43,13 +44,13 @@ constexpr Row kDispatch[] = {
     {"return_ask", ReturnAsk},
     {"return_server_exists", ReturnServerExists},
     {"qlob", Qlob},
-    {"qlob_counter", Nothing},
-    {"qlob_counter_kill", Nothing},
+    {"qlob_counter", QlobCounter},
+    {"qlob_counter_kill", QlobCounterKill},
     {"message", Message},
     {"exit_game", ExitGame},
     {"return", Return},
     {"return_complex", ReturnComplex},
-    {"wait", Nothing},
+    {"wait", Wait},
     {"play_music", PlayMusic},
     {"play_sound", PlaySound},
     {"return_image", ReturnImage},
@@ -73,8 +74,8 @@ constexpr Row kDispatch[] = {
     {"return_timeformat", ReturnTimeformat},
     {"return_server_property", ReturnServerProperty},
     {"return_reverse", ReturnReverse},
-    {"flash_on", Nothing},
-    {"flash_off", Nothing},
+    {"flash_on", FlashOn},
+    {"flash_off", FlashOff},
     {"list_add", ListAdd},
     {"list_remove", ListRemove},
     {"list_clear", ListClear},
@@ -98,7 +99,7 @@ constexpr Row kDispatch[] = {
     {"window_disable_move", WindowDisableMove},
     {"window_enable_move", WindowEnableMove},
     {"z_width_less", Nothing},
-    {"move", Nothing},
+    {"move", Move},
 };
 
 constexpr auto kNames = [] {

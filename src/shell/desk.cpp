@@ -54,6 +54,18 @@ std::string Desk::TLinkString(int index, std::string_view tag) const {
     return content;
 }
 
+int Desk::ElIndex(std::string_view name) const {
+    const std::string wanted = NormText(name);
+    for (int index = 1; index <= TLinkCount(); ++index)
+        if (!wanted.empty() && NormText(TLinkTag(index)) == wanted) return index;
+    return 0;
+}
+
+ElementControl *Desk::TLinkControl(int index) {
+    if (index < 1 || index > TLinkCount()) return nullptr;
+    return Control(m_tlink[static_cast<std::size_t>(index - 1)]);
+}
+
 int Desk::GetToolIndex(std::string_view name) const {
     const std::string wanted = NormText(StripBrackets(name));
     for (int index = 1; index <= kToolboxes; ++index)

@@ -105,6 +105,10 @@ public:
     std::string TLinkTag(int index) const;
     // The content of TLink entry i by the kind words of tag: text, list, label, button.
     std::string TLinkString(int index, std::string_view tag) const;
+    // The TLink index whose control's tag has that name form; 0 when none.
+    int ElIndex(std::string_view name) const;
+    // The control of TLink entry i; nullptr when there is none.
+    ElementControl *TLinkControl(int index);
 
     ToolBox &Box(int index) { return m_toolboxes.at(static_cast<std::size_t>(index)); }
     const ToolBox &Box(int index) const { return m_toolboxes.at(static_cast<std::size_t>(index)); }

@@ -1,0 +1,54 @@
+// The timers of the desktop as data: the four "every" events, the gun, the autosave, and the
+// counters and flashers that statements load. A host drives them from its clock.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orrery {
+
+struct Game;
+
+enum class TimerKind { Every1, Every2, Every10, Every60, Gun, Autosave, Qlob, Misc };
+
+struct Timer {
+    TimerKind kind = TimerKind::Misc;
+    std::int64_t interval = 0; // milliseconds; 0 never ticks
+    bool enabled = false;
+    std::string tag;       // a counter's or a flasher's state
+    std::int64_t due = 0;  // the virtual time of the next tick
+    bool loaded = true;    // an unloaded flasher keeps its number, never reused
+};
+
+inline Timer MakeTimer(TimerKind kind, std::int64_t interval) {
+    Timer timer;
+    timer.kind = kind;
+    timer.interval = interval;
+    return timer;
+}
+
+inline Timer UnloadedTimer() {
+    Timer timer;
+    timer.loaded = false;
+    return timer;
+}
+
+// Every timer of the desktop. Counters (tmrQlob) and flashers (tmrMisc) are numbered from 1
+// and never reused within a game.
+struct Timers {
+    std::vector<Timer> fixed;  // the desktop's own
+    std::vector<Timer> qlob{1}; // from index 1
+    std::vector<Timer> misc{1}; // from index 1
+    int miscCount = 0;          // grows on every load attempt
+};
+
+// Loads the desktop's own timers, due one interval from now.
+void StartDesktopTimers(Game &game);
+// Starts a timer: enabled, due one interval from now.
+void StartTimer(Game &game, Timer &timer);
+// Runs every timer that falls due up to the time given, in order of time, moving the clock to
+// each tick. A tick that was due while the program slept comes once, not once per interval.
+void RunDueTimers(Game &game, std::int64_t until);
+
+} // namespace orrery
