@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -127,6 +128,12 @@ public:
     MessagePanel message;
     std::string background; // the desktop's picture file
     bool exitRequested = false;
+    bool activated = false;     // the first activation has run
+    bool topMenuVisible = true; // F9
+    bool debugVisible = false;  // shift and F12
+    int focusConsole = 0;       // the console that takes keys, 0 for none
+    // Takes a key for the focused console; set by the console model.
+    std::function<void(int keyCode, bool shift)> consoleKey;
     std::int32_t formWidth = 1024 * 15;
     std::int32_t formHeight = 768 * 15;
 

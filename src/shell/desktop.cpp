@@ -1,0 +1,68 @@
+// The game desktop: load, first activation, keys and exit.
+#include "shell/desktop.h"
+
+#include "actions/game.h"
+#include "actions/sequence.h"
+#include "foundation/text.h"
+#include "network/directory.h"
+#include "network/generator.h"
+#include "network/profileworld.h"
+#include "shell/timers.h"
+#include "shell/tools.h"
+
+namespace orrery {
+
+void LoadDesktop(Game &game) {
+    Desk &desk = game.desk;
+    const ProjectSettings &s = game.project.settings;
+    desk.OpenToolList.clear();
+    if (game.paths) game.words.LoadNames(game.paths->DataPath() / "names.dat");
+    desk.background = s.mygamebackground;
+    if (s.mytoolsmenusidemenu) LoadSideMenu(game);
+    else desk.ToolLocked.assign(1, false);
+    StartDesktopTimers(game);
+    desk.activated = false;
+}
+
+void FirstActivate(Game &game, const std::function<void()> &loadProfile) {
+    Desk &desk = game.desk;
+    if (desk.activated) return;
+    desk.NoMoveList.clear();
+    desk.activated = true;
+    if (game.paths)
+        if (const auto folder = ProfileFolder(*game.paths, game.PlayerName)) {
+            game.world.LoadDns(*folder);
+            game.world.LoadServerRecords(*folder);
+        }
+    game.host.Yield();
+    RunSequence(game, game.project.settings.mymainsubload, 0, 0);
+    game.host.Yield();
+    if (loadProfile) loadProfile();
+    for (const char *event : {"every1second", "every2seconds", "every10seconds", "every60seconds"})
+        ActivateToolSub(game, kAllThatAreVisible, event);
+    desk.toolerVisible = false;
+}
+
+void DesktopKey(Game &game, int keyCode, bool shift) {
+    Desk &desk = game.desk;
+    if (shift && keyCode == Key::F12) desk.debugVisible = !desk.debugVisible;
+    if (desk.message.visible) {
+        desk.message.visible = false;
+        return;
+    }
+    if (keyCode == Key::Escape) desk.exitRequested = true;
+    if (keyCode == Key::F9) desk.topMenuVisible = !desk.topMenuVisible;
+    if (desk.focusConsole > 0 && desk.consoleKey) desk.consoleKey(keyCode, shift);
+}
+
+void ExitMe(Game &game, const std::function<void()> &saveProfile) {
+    if (saveProfile) saveProfile();
+    game.host.Yield();
+    game.desk.exitRequested = true;
+}
+
+std::string ReplaceVars(std::string_view text, std::string_view projectName) {
+    return ReplaceAll(ReplaceAll(text, "$projectname", projectName), "$myprojectname", projectName);
+}
+
+} // namespace orrery
