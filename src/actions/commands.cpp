@@ -11,6 +11,7 @@
 #include "foundation/text.h"
 #include "foundation/textfile.h"
 #include "shell/elements.h"
+#include "shell/qonsole.h"
 #include "shell/tools.h"
 
 namespace orrery {
@@ -100,8 +101,7 @@ void ApplyResetProperties(Game &game, ElementControl &control, int row) {
 } // namespace
 
 void PrintConsole(Game &game, int row, const std::string &text) {
-    ElementControl *console = game.desk.Control(row);
-    if (console && console->kind == ElementKind::Qonsole) console->consoleRows.push_back(text);
+    PrintQonsole(game.desk.consoles, row, text);
 }
 
 void MenuLock(Game &game, std::string_view tool) {

@@ -17,6 +17,7 @@ namespace orrery {
 class Random;
 class ServerDirectory;
 class WordBank;
+struct Game;
 
 inline constexpr int kGunSlots = 89;
 
@@ -25,6 +26,8 @@ inline constexpr int kGunSlots = 89;
 class Host {
 public:
     virtual ~Host() = default;
+    // The game the host serves from now on, or nullptr when it ends.
+    virtual void Bind(Game *game) { (void)game; }
     // Runs pending input and timer events to their end: a click or a tick that is waiting
     // runs inside the statement that yields.
     virtual void Yield() = 0;

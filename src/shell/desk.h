@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "project/model.h"
+#include "shell/menus.h"
+#include "shell/qonsole.h"
 
 namespace orrery {
 
@@ -27,6 +29,8 @@ struct ElementControl {
     std::string text;               // text box; a list's selected item
     std::vector<std::string> items; // list
     int listIndex = -1;             // list: the selected item, -1 for none
+    std::size_t selStart = 0;       // text box: the caret, from 0
+    std::size_t selLength = 0;      // text box: the selection's length behind the caret
     bool visible = true;
     std::int32_t foreColor = 0;
     std::int32_t backColor = 0;
@@ -44,7 +48,6 @@ struct ElementControl {
     std::string dataField;
     std::string picture;     // image: the file shown
     std::string commandList; // qonsole: its commands, as the property holds them
-    std::vector<std::string> consoleRows; // qonsole: printed rows, oldest first
 };
 
 // One tool window: a panel whose tag is the tool's name, made at its first opening.
@@ -80,6 +83,22 @@ struct SideEntry {
 struct MessagePanel {
     bool visible = false;
     std::string title;
+    std::string text;
+};
+
+// The help panel: its topics as the list holds them and the text of the chosen one.
+struct HelpPanel {
+    bool visible = false;
+    std::string title;
+    std::vector<std::string> items; // "<title>", eight blanks, "<text>": the text out of sight
+    int selected = -1;              // the chosen topic, -1 for none
+    std::string text;               // the chosen topic's text, as shown
+};
+
+// The clock panel and its five-second refresh.
+struct ClockPanel {
+    bool visible = false;
+    bool ticking = false; // the refresh runs
     std::string text;
 };
 
@@ -125,20 +144,29 @@ public:
     int selectedBox = 0;   // the toolbox framed by the focus frame
     bool toolerVisible = false;
     int focusRow = 0;      // the element that has the focus
+    QonsoleTable consoles; // the qonsoles, by column in order of creation
     MessagePanel message;
     std::string background; // the desktop's picture file
-    bool exitRequested = false;
+    bool exitRequested = false; // the desktop is to close and the profile to be saved
+    std::vector<TopEntry> TopMenu{1};    // the bar, from index 1
+    std::vector<SubEntry> TopMenuList{1}; // the open drop-down, from index 1
+    int selectedMenu = 999;
+    bool topMenuListVisible = false;
+    std::string clipboard;
     bool activated = false;     // the first activation has run
     bool topMenuVisible = true; // F9
     bool debugVisible = false;  // shift and F12
-    int focusConsole = 0;       // the console that takes keys, 0 for none
-    // Takes a key for the focused console; set by the console model.
-    std::function<void(int keyCode, bool shift)> consoleKey;
     std::int32_t formWidth = 1024 * 15;
     std::int32_t formHeight = 768 * 15;
 
     // The quicklist's captions, from index 1; a profile keeps them.
     std::vector<std::string> Quicklist;
+    bool quicklistVisible = false; // F10
+    int quicklistSel = 0;          // the row the highlight stands behind, 0 for none
+    std::string quickCandidate;    // kept by a right click for the pop-up menu
+    bool quickMenuVisible = false; // the pop-up menu that adds the candidate
+    HelpPanel help;
+    ClockPanel clock;
     // One lock per tool of the side menu, from index 1: true while the tool is locked.
     std::vector<bool> ToolLocked;
 

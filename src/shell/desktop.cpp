@@ -7,6 +7,10 @@
 #include "network/directory.h"
 #include "network/generator.h"
 #include "network/profileworld.h"
+#include "shell/help.h"
+#include "shell/menus.h"
+#include "shell/qonsole.h"
+#include "shell/quicklist.h"
 #include "shell/timers.h"
 #include "shell/tools.h"
 
@@ -18,9 +22,13 @@ void LoadDesktop(Game &game) {
     desk.OpenToolList.clear();
     if (game.paths) game.words.LoadNames(game.paths->DataPath() / "names.dat");
     desk.background = s.mygamebackground;
+    if (s.mytoolsmenutopmenu) LoadTopMenu(game);
     if (s.mytoolsmenusidemenu) LoadSideMenu(game);
     else desk.ToolLocked.assign(1, false);
     StartDesktopTimers(game);
+    if (s.myclock) LoadClock(desk, LocalTimeOfDay());
+    LoadHelper(game);
+    LoadQuickList(game);
     desk.activated = false;
 }
 
@@ -51,8 +59,11 @@ void DesktopKey(Game &game, int keyCode, bool shift) {
         return;
     }
     if (keyCode == Key::Escape) desk.exitRequested = true;
+    if (keyCode == Key::F1) ToggleHelp(desk);
     if (keyCode == Key::F9) desk.topMenuVisible = !desk.topMenuVisible;
-    if (desk.focusConsole > 0 && desk.consoleKey) desk.consoleKey(keyCode, shift);
+    if (keyCode == Key::F10) ToggleQuicklist(desk);
+    if (keyCode == Key::F11) ToggleClock(desk);
+    FocusedQonsoleKey(game, keyCode, shift ? kShiftDown : kShiftNone);
 }
 
 void ExitMe(Game &game, const std::function<void()> &saveProfile) {

@@ -6,6 +6,7 @@
 #include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/timed.h"
+#include "shell/help.h"
 #include "shell/tools.h"
 
 namespace orrery {
@@ -44,6 +45,7 @@ void Fire(Game &game, TimerKind kind, int index) {
     case TimerKind::Autosave:
         if (game.onAutosave) game.onAutosave();
         return;
+    case TimerKind::Clock: return ClockTick(game, LocalTimeOfDay());
     case TimerKind::Qlob: return QlobCounterTick(game, index);
     case TimerKind::Misc: return MiscTimerTick(game, index);
     }
@@ -60,6 +62,7 @@ void StartDesktopTimers(Game &game) {
     static constexpr std::pair<TimerKind, int> kDesktop[] = {
         {TimerKind::Every1, 1000}, {TimerKind::Every2, 2000}, {TimerKind::Every10, 10000},
         {TimerKind::Every60, 60000}, {TimerKind::Gun, 200}, {TimerKind::Autosave, 60000},
+        {TimerKind::Clock, 5000},
     };
     game.timers.fixed.clear();
     for (const auto &[kind, interval] : kDesktop) {

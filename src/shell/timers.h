@@ -10,7 +10,7 @@ namespace orrery {
 
 struct Game;
 
-enum class TimerKind { Every1, Every2, Every10, Every60, Gun, Autosave, Qlob, Misc };
+enum class TimerKind { Every1, Every2, Every10, Every60, Gun, Autosave, Clock, Qlob, Misc };
 
 struct Timer {
     TimerKind kind = TimerKind::Misc;

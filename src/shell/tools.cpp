@@ -8,6 +8,7 @@
 #include "foundation/convert.h"
 #include "foundation/text.h"
 #include "shell/elements.h"
+#include "shell/qonsole.h"
 
 namespace orrery {
 
@@ -23,11 +24,13 @@ void Centre(Game &game, ToolBox &box) {
     box.top = game.desk.formHeight / 2 - box.height / 2;
 }
 
-void FinishControl(Game &game, ElementControl &control) {
+void FinishControl(Game &game, ElementControl &control, int row) {
     PadLabelCaption(control);
-    if (control.kind == ElementKind::Qonsole) control.consoleRows.push_back("Welcome to this console");
+    if (control.kind == ElementKind::Qonsole) {
+        CreateQonsole(game.desk.consoles, row, control.commandList);
+        PrintQonsole(game.desk.consoles, row, "Welcome to this console");
+    }
     control.visible = true;
-    (void)game;
 }
 
 // Makes the controls of the tool's rows, once, and sizes the panel round them.
@@ -44,7 +47,7 @@ void LoadToolElements(Game &game, int n) {
         ElementControl &control = game.desk.LoadControl(row, element[0], kind);
         game.project.Element(row)[kRowNumberColumn] = IntText(row);
         ApplyProperties(control, element, true);
-        FinishControl(game, control);
+        FinishControl(game, control, row);
         right = std::max(right, control.left + control.width);
         bottom = std::max(bottom, control.top + control.height);
     }

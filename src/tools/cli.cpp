@@ -16,6 +16,7 @@
 #include "project/loader.h"
 #include "project/saver.h"
 #include "tools/dump.h"
+#include "tools/play_command.h"
 #include "tools/world_commands.h"
 
 namespace orrery {
@@ -175,6 +176,16 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
         ->check(CLI::IsMember(kWorldQueries));
     world->add_option("args", queryArgs, "Hosts to look up; for property, a host and a property name");
 
+    PlayOptions play;
+    bool loadGame = false;
+    auto *playCommand = app.add_subcommand("play", "Play a game without a display, from a script");
+    playCommand->add_option("app-dir", play.appDir, "The application folder")->required();
+    playCommand->add_option("name", play.project, "The project's name")->required();
+    playCommand->add_option("--player", play.player, "The player's profile name")->required();
+    auto *fresh = playCommand->add_flag("--new", play.newGame, "Start a new profile");
+    playCommand->add_flag("--load", loadGame, "Load the saved profile")->excludes(fresh);
+    playCommand->add_option("--script", play.script, "The script file; standard input when absent or -");
+
     auto *scramble = app.add_subcommand("scramble", "Scramble each line of standard input");
     auto *unscramble = app.add_subcommand("unscramble", "Unscramble each line of standard input");
 
@@ -197,6 +208,13 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     if (resave->parsed()) return Resave(project, backup, out, err);
     if (dump->parsed()) return Dump(project, out, err);
     if (summary->parsed()) return Summary(project, out, err);
+    if (playCommand->parsed()) {
+        if (play.newGame == loadGame) {
+            err << "orrery: play needs one of --new and --load\n";
+            return 2;
+        }
+        return PlayCommand(play, in, out, err);
+    }
     if (generate->parsed()) return GenerateCommand(project.appDir, project.name, out, err);
     if (world->parsed()) return WorldCommand(worldFolder, query, queryArgs, out, err);
     if (scramble->parsed())
