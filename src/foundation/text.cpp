@@ -4,6 +4,7 @@
 #include "foundation/convert.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -26,42 +27,37 @@ std::string RemoveChars(std::string_view text, std::string_view signs) {
     return out;
 }
 
+// The lower-case image of every byte. Capitals are "A" to "Z", the Windows-1252 letters from
+// 0xC0 to 0xDE but the multiplication sign 0xD7, and the four of 0x8A, 0x8C, 0x8E and 0x9F.
+constexpr std::array<char, 256> MakeLowerTable() {
+    std::array<char, 256> table{};
+    for (int u = 0; u < 256; ++u) {
+        int lower = u;
+        if ((u >= 'A' && u <= 'Z') || (u >= 0xC0 && u <= 0xDE && u != 0xD7))
+            lower = u + 0x20;
+        else if (u == 0x8A)
+            lower = 0x9A;
+        else if (u == 0x8C)
+            lower = 0x9C;
+        else if (u == 0x8E)
+            lower = 0x9E;
+        else if (u == 0x9F)
+            lower = 0xFF;
+        table[static_cast<std::size_t>(u)] = static_cast<char>(lower);
+    }
+    return table;
+}
+
+constexpr std::array<char, 256> kLowerTable = MakeLowerTable();
+
 char LowerChar(char c) {
-    const auto u = static_cast<unsigned char>(c);
-    if ((u >= 'A' && u <= 'Z') || (u >= 0xC0 && u <= 0xDE && u != 0xD7)) {
-        return static_cast<char>(u + 0x20);
-    }
-    switch (u) {
-    case 0x8A:
-        return static_cast<char>(0x9A);
-    case 0x8C:
-        return static_cast<char>(0x9C);
-    case 0x8E:
-        return static_cast<char>(0x9E);
-    case 0x9F:
-        return static_cast<char>(0xFF);
-    default:
-        return c;
-    }
+    return kLowerTable[static_cast<unsigned char>(c)];
 }
 
 // Mid$ with 1-based start; clipped to the text.
 std::string_view Mid(std::string_view text, std::size_t start, std::size_t count) {
     if (start < 1 || start > text.size()) return {};
     return text.substr(start - 1, count);
-}
-
-// Field n without copying; empty for every out-of-range case.
-std::string_view FieldView(std::string_view text, std::int16_t n, std::string_view delimiter) {
-    if (n < 1 || text.empty() || delimiter.empty()) return {};
-    std::size_t start = 0;
-    for (int i = 1; i < n; ++i) {
-        const std::size_t hit = text.find(delimiter, start);
-        if (hit == std::string_view::npos) return {};
-        start = hit + delimiter.size();
-    }
-    const std::size_t end = text.find(delimiter, start);
-    return text.substr(start, end == std::string_view::npos ? text.size() - start : end - start);
 }
 
 std::optional<std::int16_t> RoundScaled(double value) {
@@ -78,10 +74,14 @@ std::string LowerCase(std::string_view text) {
 }
 
 std::string Trim(std::string_view text) {
+    return std::string(TrimView(text));
+}
+
+std::string_view TrimView(std::string_view text) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     const std::size_t last = text.find_last_not_of(' ');
-    return std::string(text.substr(first, last - first + 1));
+    return text.substr(first, last - first + 1);
 }
 
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to) {
@@ -105,7 +105,30 @@ std::size_t InStr(std::string_view text, std::string_view needle) {
 }
 
 std::string NormText(std::string_view text) {
-    return Trim(LowerCase(text));
+    std::string out;
+    AssignNormText(out, text);
+    return out;
+}
+
+// Lower-casing never makes or removes a blank, so trimming first gives the same text.
+void AssignNormText(std::string &out, std::string_view text) {
+    const std::string_view trimmed = TrimView(text);
+    out.resize(trimmed.size());
+    std::transform(trimmed.begin(), trimmed.end(), out.begin(), LowerChar);
+}
+
+// Only "A" to "Z" lower-case to ASCII letters, so an ASCII needle matches without regard to
+// the case of ASCII letters; a needle without blanks never meets what trimming removes.
+bool NormTextContains(std::string_view text, std::string_view needle) {
+    if (needle.empty()) return true;
+    if (text.size() < needle.size()) return false;
+    const std::size_t last = text.size() - needle.size();
+    for (std::size_t i = 0; i <= last; ++i) {
+        std::size_t j = 0;
+        while (j < needle.size() && LowerChar(text[i + j]) == needle[j]) ++j;
+        if (j == needle.size()) return true;
+    }
+    return false;
 }
 
 std::string NormNoSpaces(std::string_view text) {
@@ -122,6 +145,23 @@ std::string FieldAt(std::string_view text, std::int16_t n) {
 
 std::string FieldBy(std::string_view text, std::int16_t n, std::string_view delimiter) {
     return std::string(FieldView(text, n, delimiter));
+}
+
+std::string_view FieldView(std::string_view text, std::int16_t n, std::string_view delimiter) {
+    if (n < 1 || text.empty() || delimiter.empty()) return {};
+    // A one-character delimiter, as nearly every one is, is found by the faster search.
+    const auto find = [&](std::size_t from) {
+        return delimiter.size() == 1 ? text.find(delimiter.front(), from)
+                                     : text.find(delimiter, from);
+    };
+    std::size_t start = 0;
+    for (int i = 1; i < n; ++i) {
+        const std::size_t hit = find(start);
+        if (hit == std::string_view::npos) return {};
+        start = hit + delimiter.size();
+    }
+    const std::size_t end = find(start);
+    return text.substr(start, end == std::string_view::npos ? text.size() - start : end - start);
 }
 
 std::string LeafName(std::string_view path) {

@@ -13,6 +13,8 @@ namespace orrery {
 std::string LowerCase(std::string_view text);
 // Removes blanks (code 32) at both ends and nothing else: tabs stay.
 std::string Trim(std::string_view text);
+// The same without a copy: a view into text.
+std::string_view TrimView(std::string_view text);
 // Case-sensitive replace of every occurrence, scanning left to right without overlap.
 // An empty `from` leaves the text unchanged.
 std::string ReplaceAll(std::string_view text, std::string_view from, std::string_view to);
@@ -21,6 +23,11 @@ std::size_t InStr(std::string_view text, std::string_view needle);
 
 // The comparison form of every name: lower-cased, then trimmed.
 std::string NormText(std::string_view text);
+// The same into out, reusing its storage, for loops that take one name after another.
+void AssignNormText(std::string &out, std::string_view text);
+// True when NormText(text) holds needle, a lower-case ASCII text without blanks, without
+// building the comparison form.
+bool NormTextContains(std::string_view text, std::string_view needle);
 // Every blank removed, then lower-cased and trimmed.
 std::string NormNoSpaces(std::string_view text);
 // StripPunctuation, then lower-cased and trimmed: the form in which a project name becomes
@@ -32,6 +39,8 @@ std::string NormSafe(std::string_view text);
 std::string FieldAt(std::string_view text, std::int16_t n);
 // The same for any delimiter of any length, matched exactly. An empty delimiter yields "".
 std::string FieldBy(std::string_view text, std::int16_t n, std::string_view delimiter);
+// Either of the two without a copy: a view into text.
+std::string_view FieldView(std::string_view text, std::int16_t n, std::string_view delimiter = ":");
 
 // The last path component of either separator, ignoring one trailing separator.
 std::string LeafName(std::string_view path);

@@ -1,18 +1,18 @@
 // Text files of CRLF-terminated lines, and atomic replacement.
 #include "foundation/textfile.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdio>
+#include <fcntl.h>
 #include <fstream>
 #include <system_error>
+#include <unistd.h>
 
 namespace orrery {
 
 namespace {
 
-bool WriteBytes(const std::filesystem::path &path, std::string_view bytes, std::ios::openmode mode) {
+bool WriteBytes(const std::filesystem::path &path, std::string_view bytes,
+                std::ios::openmode mode) {
     std::ofstream out(path, std::ios::binary | mode);
     if (!out) return false;
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
@@ -104,16 +104,7 @@ bool ReplaceFileAtomically(const std::filesystem::path &path, std::string_view b
 
 std::vector<std::string_view> SplitLines(std::string_view text) {
     std::vector<std::string_view> lines;
-    std::size_t start = 0;
-    const std::size_t size = text.size();
-    for (std::size_t i = 0; i < size; ++i) {
-        const char c = text[i];
-        if (c != '\r' && c != '\n') continue;
-        lines.emplace_back(text.substr(start, i - start));
-        if (c == '\r' && i + 1 < size && text[i + 1] == '\n') ++i;
-        start = i + 1;
-    }
-    if (start < size) lines.emplace_back(text.substr(start));
+    ForEachLine(text, [&](std::string_view line) { lines.push_back(line); });
     return lines;
 }
 

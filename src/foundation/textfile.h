@@ -28,4 +28,18 @@ bool ReplaceFileAtomically(const std::filesystem::path &path, std::string_view b
 // Splits text into lines at CRLF, a lone CR or a lone LF; a final line end adds no empty line.
 std::vector<std::string_view> SplitLines(std::string_view text);
 
+// Calls visit with each line of SplitLines(text) in turn, without building the list.
+template <typename Visit> void ForEachLine(std::string_view text, Visit &&visit) {
+    std::size_t start = 0;
+    const std::size_t size = text.size();
+    for (std::size_t i = 0; i < size; ++i) {
+        const char c = text[i];
+        if (c != '\r' && c != '\n') continue;
+        visit(text.substr(start, i - start));
+        if (c == '\r' && i + 1 < size && text[i + 1] == '\n') ++i;
+        start = i + 1;
+    }
+    if (start < size) visit(text.substr(start));
+}
+
 } // namespace orrery

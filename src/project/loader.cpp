@@ -1,23 +1,27 @@
 // LoadProject: every line of a project file, plain or scrambled, to its place in the model.
 #include "project/loader.h"
 
-#include <algorithm>
-#include <array>
-
 #include "foundation/convert.h"
 #include "foundation/scramble.h"
 #include "foundation/text.h"
 #include "foundation/textfile.h"
 #include "project/keytable.h"
 
+#include <algorithm>
+#include <array>
+
 namespace orrery {
 
 namespace {
+
+struct RecordKey;
 
 // The state of one reading pass. The cursors remember, per table, the slot before which every
 // slot is taken, so that each record's search for a free slot doesn't start again at slot 1;
 // the answers are those of a scan from slot 1, since reading never frees a slot.
 struct Reader {
+    explicit Reader(ProjectModel &m) : model(m) {}
+
     ProjectModel &model;
     int toolNameCursor = 1;
     int qlobCursor = 1;
@@ -28,6 +32,10 @@ struct Reader {
     int quantumLockCursor = 1;
     int customServerCursor = 1;
     int toolSubCursor = 1;
+    std::string key;         // the key of the line in hand, in its comparison form
+    std::string unscrambled; // the line in hand of a scrambled file
+    // Records come in runs of one key, so the key of the last record is tried first.
+    const RecordKey *lastRecord = nullptr;
 };
 
 template <typename Table> int NextFree(const Table &table, int whenFull, int &cursor) {
@@ -44,7 +52,24 @@ void StoreWholeLine(Table &table, int whenFull, int &cursor, std::string_view li
     if (Table::Contains(slot)) table[slot] = Trim(ReplaceAll(line, keyWithColon, ""));
 }
 
-std::string JoinFields34(std::string_view line) { return FieldAt(line, 3) + ":" + FieldAt(line, 4); }
+// Fields 1 to N of a line split at every ":", found in one pass; a field past the last is
+// empty, as FieldView gives it.
+template <std::size_t N> std::array<std::string_view, N> LeadingFields(std::string_view line) {
+    std::array<std::string_view, N> fields{};
+    std::size_t n = 0;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < line.size() && n < N; ++i) {
+        if (line[i] != ':') continue;
+        fields[n++] = line.substr(start, i - start);
+        start = i + 1;
+    }
+    if (n < N) fields[n] = line.substr(start);
+    return fields;
+}
+
+std::string JoinFields34(std::string_view line) {
+    return FieldAt(line, 3) + ":" + FieldAt(line, 4);
+}
 
 void NewElement(Reader &r, std::string_view line) {
     ProjectModel &m = r.model;
@@ -52,28 +77,32 @@ void NewElement(Reader &r, std::string_view line) {
     m.propertyCount = 0;
     if (m.elementCount > kElementRows) return; // past the table's end: the element vanishes
     ElementRow &row = m.Element(m.elementCount);
-    static constexpr std::array<std::string_view, 5> kNumbered = {"button", "label", "text",
-                                                                   "list", "image"};
+    static constexpr std::array<std::string_view, 5> kNumbered = {"button", "label", "text", "list",
+                                                                  "image"};
     const std::string type = NormText(FieldAt(line, 2));
     if (std::find(kNumbered.begin(), kNumbered.end(), type) != kNumbered.end())
         row[2] = type + ":" + IntText(m.elementCount);
     row[0] = NormText(FieldAt(line, 3));
 }
 
+// The most frequent line of all, so it is put together in place: "<key>:<value>".
 void StoreElementProperty(Reader &r, std::string_view line) {
     ProjectModel &m = r.model;
-    const std::string key = FieldAt(line, 3);
     m.propertyCount = std::min(m.propertyCount + 1, kPropertyColumns);
     if (m.elementCount < 1 || m.elementCount > kElementRows) return;
-    const int column = InStr(NormText(key), "action") ? kActionColumn : m.propertyCount;
-    m.Element(m.elementCount)[static_cast<std::size_t>(column)] = key + ":" + FieldAt(line, 4);
+    const auto [element, number, key, value] = LeadingFields<4>(line);
+    const int column = NormTextContains(key, "action") ? kActionColumn : m.propertyCount;
+    std::string &cell = m.Element(m.elementCount)[static_cast<std::size_t>(column)];
+    cell.clear();
+    cell.reserve(key.size() + 1 + value.size());
+    cell.append(key).append(1, ':').append(value);
 }
 
 void StoreVariable(Reader &r, std::string_view line) {
     auto &table = r.model.VariableTable;
     const int slot = NextFree(table, 2000, r.variableCursor);
-    table[slot].name = Trim(ReplaceAll(FieldBy(line, 1, "="), "variable:", ""));
-    table[slot].value = Trim(FieldBy(line, 2, "="));
+    table[slot].name = Trim(ReplaceAll(FieldView(line, 1, "="), "variable:", ""));
+    table[slot].value = TrimView(FieldView(line, 2, "="));
 }
 
 void StoreToolSub(Reader &r, std::string_view line) {
@@ -121,9 +150,12 @@ void TreatMenuImageLine(Reader &r, std::string_view key, std::string_view line) 
     }
     MenuImage *image = CurrentImage(m);
     if (!image) return;
-    if (key == "menuimageleft") SetInt32(image->left, FieldAt(line, 3));
-    else if (key == "menuimagetop") SetInt32(image->top, FieldAt(line, 3));
-    else if (key == "menuimagedatafield") image->dataField = JoinFields34(line);
+    if (key == "menuimageleft")
+        SetInt32(image->left, FieldAt(line, 3));
+    else if (key == "menuimagetop")
+        SetInt32(image->top, FieldAt(line, 3));
+    else if (key == "menuimagedatafield")
+        image->dataField = JoinFields34(line);
 }
 
 void TreatMenuLabelLine(Reader &r, std::string_view key, std::string_view line) {
@@ -132,20 +164,32 @@ void TreatMenuLabelLine(Reader &r, std::string_view key, std::string_view line) 
     MenuLabel *label = CurrentLabel(m);
     if (!label) return;
     const std::string value = FieldAt(line, 3);
-    if (key == "menulabelcaption") label->caption = value;
-    else if (key == "menulabeltag") label->tag = value;
-    else if (key == "menulabelleft") SetInt32(label->left, value);
-    else if (key == "menulabeltop") SetInt32(label->top, value);
-    else if (key == "menulabelforecolor") SetInt32(label->foreColor, value);
-    else if (key == "menulabelbackcolor") SetInt32(label->backColor, value);
+    if (key == "menulabelcaption")
+        label->caption = value;
+    else if (key == "menulabeltag")
+        label->tag = value;
+    else if (key == "menulabelleft")
+        SetInt32(label->left, value);
+    else if (key == "menulabeltop")
+        SetInt32(label->top, value);
+    else if (key == "menulabelforecolor")
+        SetInt32(label->foreColor, value);
+    else if (key == "menulabelbackcolor")
+        SetInt32(label->backColor, value);
     else if (key == "menulabelbackstyle") {
         if (auto style = ToInt16(Trim(value))) label->backStyle = *style;
-    } else if (key == "menulabelbold") SetBool(label->bold, value);
-    else if (key == "menulabelitalic") SetBool(label->italic, value);
-    else if (key == "menulabelunderline") SetBool(label->underline, value);
-    else if (key == "menulabelfontsize") label->fontSize = value;
-    else if (key == "menulabelfontname") label->fontName = value;
-    else if (key == "menulabeldatafield") label->dataField = JoinFields34(line);
+    } else if (key == "menulabelbold")
+        SetBool(label->bold, value);
+    else if (key == "menulabelitalic")
+        SetBool(label->italic, value);
+    else if (key == "menulabelunderline")
+        SetBool(label->underline, value);
+    else if (key == "menulabelfontsize")
+        label->fontSize = value;
+    else if (key == "menulabelfontname")
+        label->fontName = value;
+    else if (key == "menulabeldatafield")
+        label->dataField = JoinFields34(line);
 }
 
 using LineHandler = void (*)(Reader &, std::string_view key, std::string_view line);
@@ -162,7 +206,8 @@ constexpr RecordKey kRecordKeys[] = {
      [](Reader &r, std::string_view, std::string_view l) {
          StoreWholeLine(r.model.CustomServerTable, 500, r.customServerCursor, l, "customserver:");
      }},
-    {"element", [](Reader &r, std::string_view, std::string_view l) { StoreElementProperty(r, l); }},
+    {"element",
+     [](Reader &r, std::string_view, std::string_view l) { StoreElementProperty(r, l); }},
     {"helpme",
      [](Reader &r, std::string_view, std::string_view l) {
          StoreWholeLine(r.model.HelpTable, 99, r.helpCursor, l, "helpme:");
@@ -194,7 +239,8 @@ constexpr RecordKey kRecordKeys[] = {
     {"menulabeltag", TreatMenuLabelLine},
     {"menulabeltop", TreatMenuLabelLine},
     {"menulabelunderline", TreatMenuLabelLine},
-    {"mytoolcaption", [](Reader &r, std::string_view, std::string_view l) { StoreToolCaption(r, l); }},
+    {"mytoolcaption",
+     [](Reader &r, std::string_view, std::string_view l) { StoreToolCaption(r, l); }},
     {"qlob",
      [](Reader &r, std::string_view, std::string_view l) {
          StoreWholeLine(r.model.QlobTable, 199, r.qlobCursor, l, "qlob:");
@@ -203,7 +249,8 @@ constexpr RecordKey kRecordKeys[] = {
      [](Reader &r, std::string_view, std::string_view l) {
          StoreWholeLine(r.model.QuantumLockTable, 99, r.quantumLockCursor, l, "quantumlock:");
      }},
-    {"serverfield", [](Reader &r, std::string_view, std::string_view l) { StoreServerField(r, l); }},
+    {"serverfield",
+     [](Reader &r, std::string_view, std::string_view l) { StoreServerField(r, l); }},
     {"service",
      [](Reader &r, std::string_view, std::string_view l) {
          StoreWholeLine(r.model.ServiceTable, 199, r.serviceCursor, l, "service:");
@@ -219,9 +266,18 @@ const RecordKey *FindRecordKey(std::string_view key) {
     return found != std::end(kRecordKeys) && found->name == key ? found : nullptr;
 }
 
-void TreatLine(Reader &r, std::string_view line) {
-    const std::string key = NormText(line.substr(0, line.find(':')));
+// The line up to its first colon is its key. A key written just as the previous record's is
+// already in its comparison form and needs no normalising.
+void TreatLine(Reader &r, std::string_view line, std::size_t colon) {
+    const std::string_view written = line.substr(0, colon);
+    if (r.lastRecord && written == r.lastRecord->name) {
+        r.lastRecord->handler(r, written, line);
+        return;
+    }
+    AssignNormText(r.key, written);
+    const std::string_view key = r.key;
     if (const RecordKey *record = FindRecordKey(key)) {
+        r.lastRecord = record;
         record->handler(r, key, line);
     } else if (const SettingKey *setting = FindSettingKey(key)) {
         ReadSetting(r.model.settings, *setting, line);
@@ -248,17 +304,16 @@ std::size_t LoadProjectText(ProjectModel &model, std::string_view name, std::str
     model.scrambled = false;
     Reader reader{model};
     std::size_t count = 0;
-    std::string unscrambled;
-    for (std::string_view line : SplitLines(bytes)) {
+    ForEachLine(bytes, [&](std::string_view line) {
         if (model.scrambled) {
-            unscrambled = UnscrambleText(line);
-            line = unscrambled;
+            reader.unscrambled = UnscrambleText(line);
+            line = reader.unscrambled;
         }
-        if (line.find(':') == std::string_view::npos && NormText(line) == "[revise]")
-            model.scrambled = true;
-        TreatLine(reader, line);
+        const std::size_t colon = line.find(':');
+        if (colon == std::string_view::npos && NormText(line) == "[revise]") model.scrambled = true;
+        TreatLine(reader, line, colon);
         ++count;
-    }
+    });
     FinishLoading(model, screen);
     return count;
 }

@@ -1,14 +1,14 @@
 // SaveProject: the model in the writing order of the project file.
 #include "project/saver.h"
 
-#include <array>
-#include <ctime>
-#include <system_error>
-
 #include "foundation/convert.h"
 #include "foundation/text.h"
 #include "foundation/textfile.h"
 #include "project/keytable.h"
+
+#include <array>
+#include <ctime>
+#include <system_error>
 
 namespace orrery {
 
@@ -63,14 +63,42 @@ void WriteMenuLabels(std::string &out, const ProjectModel &m) {
     }
 }
 
+// "element:" or "action:action:" in a property: text left by older forms. Both end in a colon,
+// so only the colons of the property are visited, and a property has few.
+bool HasOldForm(std::string_view property) {
+    for (std::size_t colon = property.find(':'); colon != std::string_view::npos;
+         colon = property.find(':', colon + 1)) {
+        const std::string_view upToColon = property.substr(0, colon + 1);
+        if (upToColon.ends_with("element:") || upToColon.ends_with("action:action:")) return true;
+    }
+    return false;
+}
+
+// IsNumeric of a property's first field, mostly a key such as "caption". A number starts with
+// a digit, a sign, a point or the "&" of "&H" and "&O", so any other first character answers
+// at once.
+bool FirstFieldIsNumber(std::string_view property) {
+    const std::size_t first = property.find_first_not_of(' ');
+    if (first == std::string_view::npos) return false;
+    if (std::string_view("0123456789+-.&").find(property[first]) == std::string_view::npos)
+        return false;
+    return IsNumeric(FieldView(property, 1));
+}
+
 // The clean-up of a property before writing, which repairs text left by older forms. It
-// changes the table itself; the "element:<column>:" prefix goes only to the file.
-void CleanProperty(std::string &property, int column) {
-    if (InStr(property, "element:")) property = ReplaceAll(property, "element:", "");
-    if (InStr(property, "action:action:")) property = ReplaceAll(property, "action:action:", "action:");
-    if (column == kActionColumn && !InStr(NormText(property), "action:"))
+// changes the table itself; the "element:<column>:" prefix goes only to the file. Answers
+// whether the property may still hold "element:": only the repair can leave one, since an
+// "action:" put in front can't complete one and a third field holds no colon.
+bool CleanProperty(std::string &property, int column) {
+    const bool repaired = HasOldForm(property);
+    if (repaired) {
+        property = ReplaceAll(property, "element:", "");
+        property = ReplaceAll(property, "action:action:", "action:");
+    }
+    if (column == kActionColumn && !NormTextContains(property, "action:"))
         property.insert(0, "action:");
-    if (IsNumeric(FieldAt(property, 1))) property = FieldAt(property, 3);
+    if (FirstFieldIsNumber(property)) property = FieldAt(property, 3);
+    return repaired;
 }
 
 const std::string &ElementPrefix(int column) {
@@ -86,14 +114,16 @@ void WriteElements(std::string &out, ProjectModel &m) {
     for (int row = 1; row <= kElementRows; ++row) {
         ElementRow &element = m.Element(row);
         if (IsBlank(element[1])) continue;
-        Line(out, "[newel]:", FieldAt(element[2], 1), ":", element[0]);
+        Line(out, "[newel]:", FieldView(element[2], 1), ":", element[0]);
         for (int column = 1; column <= kPropertyColumns; ++column) {
             std::string &property = element[static_cast<std::size_t>(column)];
             if (IsBlank(property)) continue;
-            CleanProperty(property, column);
+            const bool mayHoldPrefix = CleanProperty(property, column);
             const std::string &prefix = ElementPrefix(column);
-            if (InStr(property, prefix)) Line(out, property);
-            else Line(out, prefix, property);
+            if (mayHoldPrefix && InStr(property, prefix))
+                Line(out, property);
+            else
+                Line(out, prefix, property);
         }
         out += kLineEnd;
     }
@@ -102,7 +132,7 @@ void WriteElements(std::string &out, ProjectModel &m) {
 template <typename Table>
 void WriteRecords(std::string &out, const Table &table, std::string_view prefix) {
     for (const std::string &record : table)
-        if (!IsBlank(record)) Line(out, prefix, Trim(record));
+        if (!IsBlank(record)) Line(out, prefix, TrimView(record));
 }
 
 void Heading(std::string &out, std::string_view heading) {
@@ -127,7 +157,7 @@ void WriteSections(std::string &out, ProjectModel &m) {
     Heading(out, "[variables]");
     for (const Variable &variable : m.VariableTable)
         if (!IsBlank(variable.name))
-            Line(out, "variable:", Trim(variable.name), "=", Trim(variable.value));
+            Line(out, "variable:", TrimView(variable.name), "=", TrimView(variable.value));
     Heading(out, "[custom servers]");
     WriteRecords(out, m.CustomServerTable, "customserver:");
     Heading(out, "[toolsubs]");

@@ -121,5 +121,36 @@ TEST(Text, ScalesAndColors) {
     EXPECT_EQ((std::array{parts.red, parts.green, parts.blue}), (std::array{0x99, 0x66, 0x33}));
 }
 
+// The search in the comparison form without building it: only ASCII capitals fold to the
+// needle's letters, and blanks at the ends never matter.
+TEST(Text, NormTextContainsAgreesWithTheComparisonForm) {
+    struct Row {
+        std::string_view text;
+        std::string_view needle;
+        bool expected;
+    };
+    const Row rows[] = {
+        {"OnAction", "action", true},
+        {" ACTION: ", "action:", true},
+        {"act ion", "action", false},
+        {"\xC1"
+         "ction",
+         "action", false},
+        {"transactio", "action", false},
+        {"x", "", true},
+        {"", "a", false},
+        {"aCTIONACTION:", "action:", true},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.text);
+        EXPECT_EQ(NormTextContains(row.text, row.needle), row.expected);
+        EXPECT_EQ(InStr(NormText(row.text), row.needle) != 0, row.expected);
+    }
+    std::string reused = "a longer name held before";
+    AssignNormText(reused, "  Short ");
+    EXPECT_EQ(reused, "short");
+    EXPECT_EQ(TrimView("  a b "), "a b");
+}
+
 } // namespace
 } // namespace orrery

@@ -1,10 +1,9 @@
 // How the reader treats each kind of line, and where every table ends.
-#include <gtest/gtest.h>
-
-#include <functional>
-
 #include "foundation/convert.h"
 #include "project/loader.h"
+
+#include <functional>
+#include <gtest/gtest.h>
 
 namespace orrery {
 namespace {
@@ -34,22 +33,25 @@ TEST(ProjectLoad, TablesEndAsTheirFindersSay) {
         {"qlob:q", 199, true, [](auto &m, int i) { return m.QlobTable[i]; }},
         {"quantumlock:l", 99, true, [](auto &m, int i) { return m.QuantumLockTable[i]; }},
         {"customserver:c", 500, true, [](auto &m, int i) { return m.CustomServerTable[i]; }},
-        {"menudynamic:d", 99, true,
-         [](auto &m, int i) { return m.DynamicTable[i].substr(12); }},
+        {"menudynamic:d", 99, true, [](auto &m, int i) { return m.DynamicTable[i].substr(12); }},
         {"variable:v", 2000, true, [](auto &m, int i) { return m.VariableTable[i].name; }},
         {"toolsub:t", 299, true,
-         [](auto &m, int i) { return m.ToolSubTable[i].key.substr(0, m.ToolSubTable[i].key.size() - 1); }},
+         [](auto &m, int i) {
+             return m.ToolSubTable[i].key.substr(0, m.ToolSubTable[i].key.size() - 1);
+         }},
         {"mytoolcaption:0:n", 99, true, [](auto &m, int i) { return m.ToolNameTable[i]; }},
         {"serverfield:f", 250, false, [](auto &m, int i) { return m.ServerFieldTable[i]; }},
     };
     for (const Case &c : cases) {
         SCOPED_TRACE(c.prefix);
         const std::string prefix = c.prefix;
-        const ProjectModel m = Load(Repeat(c.limit + 1, [&](int i) { return prefix + IntText(i); }));
+        const ProjectModel m =
+            Load(Repeat(c.limit + 1, [&](int i) { return prefix + IntText(i); }));
         const std::string tail = prefix.substr(prefix.rfind(':') + 1);
         EXPECT_EQ(c.slot(m, 1), tail + "1");
         EXPECT_EQ(c.slot(m, c.limit - 1), tail + IntText(c.limit - 1));
-        EXPECT_EQ(c.slot(m, c.limit), tail + IntText(c.lastSlotOverwritten ? c.limit + 1 : c.limit));
+        EXPECT_EQ(c.slot(m, c.limit),
+                  tail + IntText(c.lastSlotOverwritten ? c.limit + 1 : c.limit));
     }
 }
 
@@ -64,7 +66,8 @@ TEST(ProjectLoad, ElementsPastTheLastRowVanishButAreCounted) {
 
 TEST(ProjectLoad, MenuLabelsPastTheTableAreDropped) {
     const ProjectModel m = Load(Repeat(100, [](int i) {
-        return "menulabelcaption:" + IntText(i) + ":L" + IntText(i) + "\r\nmenulabelleft:0:" + IntText(i);
+        return "menulabelcaption:" + IntText(i) + ":L" + IntText(i) +
+               "\r\nmenulabelleft:0:" + IntText(i);
     }));
     EXPECT_EQ(m.MenuLabelTable[99].caption, "L99");
     EXPECT_EQ(m.MenuLabelTable[99].left, 99);
@@ -92,7 +95,8 @@ TEST(ProjectLoad, SettingLinesAreTreatedByTheirCode) {
         {"mymenubackground:c:\\a.bmp", text(&ProjectSettings::mymenubackground), "c"},
         {"mymainsubload: RUN=x ", text(&ProjectSettings::mymainsubload), " RUN=x "},
         {"myqfontname: Arial ", text(&ProjectSettings::myqfontname), "Arial"},
-        {"myprojectdescription:a//b// ", text(&ProjectSettings::myprojectdescription), "a\r\nb\r\n"},
+        {"myprojectdescription:a//b// ", text(&ProjectSettings::myprojectdescription),
+         "a\r\nb\r\n"},
         {"myqlistforecolor1:77", number(&ProjectSettings::myqlistforecolor1), "77"},
         {"myqfontsize:3.5abc", number(&ProjectSettings::myqfontsize), "4"},
         {"mymenuboxleft:40000", number(&ProjectSettings::mymenuboxleft), "0"},
@@ -102,10 +106,12 @@ TEST(ProjectLoad, SettingLinesAreTreatedByTheirCode) {
         {"mymenufontsize:&H10", number(&ProjectSettings::mymenufontsize), "16"},
         {"myserversrandom:10000 servers", text(&ProjectSettings::myserversrandom), "10000"},
         {"myserversrandom:lots", text(&ProjectSettings::myserversrandom), "0"},
-        {"MyHiddenTools:Mail:Hyper myhiddentools:X", text(&ProjectSettings::myhiddentools), "mail:hyper x"},
+        {"MyHiddenTools:Mail:Hyper myhiddentools:X", text(&ProjectSettings::myhiddentools),
+         "mail:hyper x"},
         {"mymenufullwidth:5", number(&ProjectSettings::mymenufullwidth), "15360"},
         {"myprojectname:Other", text(&ProjectSettings::myprojectname), "Test"},
-        {"mtdefstyleqonsolefontname:Mono", text(&ProjectSettings::mtdefstyleqonsolefontname), "Mono"},
+        {"mtdefstyleqonsolefontname:Mono", text(&ProjectSettings::mtdefstyleqonsolefontname),
+         "Mono"},
         {"mytopmenu:", text(&ProjectSettings::mytopmenu), kDefaultTopMenu.data()},
         {"originwidth:9000", text(&ProjectSettings::originheight), "11520"},
     };
@@ -114,7 +120,8 @@ TEST(ProjectLoad, SettingLinesAreTreatedByTheirCode) {
 
 TEST(ProjectLoad, ElementPropertiesFillColumnsInReadingOrder) {
     std::string text = "[newel]:Button: Fire \r\n";
-    for (int i = 1; i <= 25; ++i) text += "element:" + IntText(40 - i) + ":p" + IntText(i) + ":v:x\r\n";
+    for (int i = 1; i <= 25; ++i)
+        text += "element:" + IntText(40 - i) + ":p" + IntText(i) + ":v:x\r\n";
     text += "[newel]:qonsole:q\r\nelement:7:onAction:RUN=a\r\nelement:1:atool:t\r\n";
     const ProjectModel m = Load(text);
     const ElementRow &fire = m.Element(1);
@@ -169,12 +176,25 @@ TEST(ProjectLoad, FindQlobMatchesAPrefixOfTheNameForm) {
 }
 
 TEST(ProjectLoad, CorruptInputLoadsWhatItCan) {
-    std::string junk("\0\xff:\r\r\n:::\n[newel]\nelement\nmenulabeltop:1:5\nmenuimageleft:1:2\n", 50);
+    std::string junk("\0\xff:\r\r\n:::\n[newel]\nelement\nmenulabeltop:1:5\nmenuimageleft:1:2\n",
+                     50);
     junk += "myqfontsize:1e400\r\nmyqfontsize:nan\r\nmyclock:True";
     const ProjectModel m = Load(junk);
     EXPECT_TRUE(m.settings.myclock);
     EXPECT_EQ(m.settings.myqfontsize, 0);
     EXPECT_TRUE(m.menuImages.empty());
+}
+
+// A run of one key is read on a short path; a key spelt otherwise, or one that only begins
+// like it, must still be told apart.
+TEST(ProjectLoad, KeysInARunAreKnownWhateverTheirSpelling) {
+    const ProjectModel m = Load("[newel]:button:b\r\nelement:1:atool:t\r\nELEMENT:2:p2:v\r\n"
+                                " element :3:p3:v\r\nelements:4:p4:v\r\nelement:5:p5:v\r\n");
+    const ElementRow &row = m.Element(1);
+    EXPECT_EQ(row[2], "p2:v");
+    EXPECT_EQ(row[3], "p3:v");
+    EXPECT_EQ(row[4], "p5:v");
+    EXPECT_TRUE(row[5].empty());
 }
 
 } // namespace

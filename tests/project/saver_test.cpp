@@ -1,9 +1,9 @@
 // The writer's clean-up, compaction and the settling of odd element layouts.
-#include <gtest/gtest.h>
-
 #include "foundation/text.h"
 #include "project/loader.h"
 #include "project/saver.h"
+
+#include <gtest/gtest.h>
 
 namespace orrery {
 namespace {
@@ -38,7 +38,9 @@ TEST(ProjectSave, CleanUpRepairsPropertiesInTheTableToo) {
         m.Element(1)[1] = "atool:t";
         m.Element(1)[static_cast<std::size_t>(c.column)] = c.stored;
         const std::string tools = ToolsSection(BuildProjectText(m));
-        EXPECT_NE(tools.find(std::string(c.written) + "\r\n"), std::string::npos) << c.stored << "\n" << tools;
+        EXPECT_NE(tools.find(std::string(c.written) + "\r\n"), std::string::npos)
+            << c.stored << "\n"
+            << tools;
         EXPECT_EQ(m.Element(1)[static_cast<std::size_t>(c.column)], c.storedAfter) << c.stored;
     }
 }
@@ -58,7 +60,8 @@ TEST(ProjectSave, BlankSlotsAndOwnerlessElementsWriteNothing) {
     m.ToolSubTable[4] = {"t:open:action:", "RUN=x"};
     const std::string text = BuildProjectText(m);
     EXPECT_EQ(text.find("orphan"), std::string::npos);
-    EXPECT_NE(text.find("[newel]:label:\r\nelement:1:atool:t\r\nelement:2:label:2\r\n\r\n"), std::string::npos);
+    EXPECT_NE(text.find("[newel]:label:\r\nelement:1:atool:t\r\nelement:2:label:2\r\n\r\n"),
+              std::string::npos);
     EXPECT_EQ(text.find("qlob:"), std::string::npos);
     EXPECT_EQ(text.find("helpme:"), std::string::npos);
     EXPECT_EQ(text.find("lost"), std::string::npos);
@@ -72,8 +75,9 @@ TEST(ProjectSave, BlankSlotsAndOwnerlessElementsWriteNothing) {
 // element settles after two saves, and from then on its bytes stay.
 TEST(ProjectSave, PropertyAfterTheActionSettlesInTwoSaves) {
     ProjectModel first;
-    LoadProjectText(first, "g", "[newel]:button:b\r\nelement:1:atool:t\r\nelement:2:button:1\r\n"
-                                "element:20:action:RUN=x\r\nelement:21:tag:late\r\n");
+    LoadProjectText(first, "g",
+                    "[newel]:button:b\r\nelement:1:atool:t\r\nelement:2:button:1\r\n"
+                    "element:20:action:RUN=x\r\nelement:21:tag:late\r\n");
     EXPECT_EQ(first.Element(1)[4], "tag:late");
     std::string text = BuildProjectText(first);
     for (int save = 2; save <= 3; ++save) {
@@ -84,12 +88,30 @@ TEST(ProjectSave, PropertyAfterTheActionSettlesInTwoSaves) {
     ProjectModel settled;
     LoadProjectText(settled, "g", text);
     EXPECT_EQ(BuildProjectText(settled), text);
-    EXPECT_NE(text.find("element:3:tag:late\r\nelement:20:action:RUN=x\r\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("element:3:tag:late\r\nelement:20:action:RUN=x\r\n"), std::string::npos)
+        << text;
 }
 
 TEST(ProjectSave, BackupNameStripsPunctuationFromNameAndStamp) {
     EXPECT_EQ(BackupFileName("My: Game!", "2026/01/02 03:04:05"), "my game_20260102 030405_.dat");
     EXPECT_EQ(BackupFileName("$$$", "x"), "_x_.dat");
+}
+
+// A legacy "<column>:<key>:<value>" property is known by a number in front, in any form a
+// number takes; text that only looks like one keeps its place.
+TEST(ProjectSave, EveryNumberFormInFrontMarksALegacyProperty) {
+    const std::pair<const char *, const char *> cases[] = {
+        {"&H1F:text:hex", "hex"},   {"&o7:text:oct", "oct"},    {".5:text:point", "point"},
+        {"-2:text:minus", "minus"}, {"+7:text:plus", "plus"},   {"1e3:text:exp", "exp"},
+        {"&x:text:v", "&x:text:v"}, {"e1:text:v", "e1:text:v"}, {"1x:text:v", "1x:text:v"},
+    };
+    for (const auto &[stored, storedAfter] : cases) {
+        ProjectModel m;
+        m.Element(1)[1] = "atool:t";
+        m.Element(1)[3] = stored;
+        BuildProjectText(m);
+        EXPECT_EQ(m.Element(1)[3], storedAfter) << stored;
+    }
 }
 
 } // namespace
