@@ -56,7 +56,9 @@ void ApplyProperty(ElementControl &c, std::string_view key, std::string_view val
 }
 
 void ApplyProperties(ElementControl &control, const ElementRow &row, bool making) {
-    for (int column = 2; column <= kPropertyColumns; ++column) {
+    // Column 2 is the kind with the element's number ("text:4"), not a property: read as one,
+    // it would give a text box without its own text its number.
+    for (int column = 3; column <= kPropertyColumns; ++column) {
         if (column == kActionColumn) continue;
         const std::string &cell = row[static_cast<std::size_t>(column)];
         if (IsBlank(cell)) continue;

@@ -19,6 +19,7 @@
 #include "session/playsession.h"
 #include "shell/desktop.h"
 #include "shell/qonsole.h"
+#include "shell/quicklist.h"
 #include "shell/tools.h"
 
 namespace orrery {
@@ -67,6 +68,34 @@ void Type(Script &s, const std::string &args) {
     if (control->kind == ElementKind::Text) control->text = text;
     else if (control->kind == ElementKind::Qonsole) QonsoleType(s.game(), row, text);
     else s.error = "element \"" + name + "\" takes no typing";
+}
+
+// A right click opens the quicklist's pop-up menu where the element offers a candidate.
+void RightClick(Script &s, const std::string &name) {
+    int row = 0;
+    ElementControl *control = s.Element(name, row);
+    if (!control) return;
+    if (control->kind == ElementKind::Label)
+        LabelRightClick(s.game(), row);
+    else if (control->kind == ElementKind::List)
+        ListRightClick(s.game(), row);
+    else
+        s.error = "element \"" + name + "\" has no quicklist menu";
+}
+
+// The pop-up menu's two entries: the candidate as servers, or as it stands.
+void QuickAdd(Script &s, const std::string &args) {
+    if (!s.game().desk.quickMenuVisible) {
+        s.error = "the quicklist menu isn't open";
+        return;
+    }
+    const std::string how = NormText(args);
+    if (how == "server")
+        AddQuickListServer(s.game());
+    else if (how == "text")
+        AddQuickListText(s.game());
+    else
+        s.error = "quickadd what? (server, text)";
 }
 
 void ShowElement(Script &s, const std::string &name) {
@@ -156,6 +185,12 @@ const std::map<std::string, Command> &Commands() {
              if (!control) return;
              s.game().desk.focusRow = row;
              s.game().desk.consoles.focus = control->kind == ElementKind::Qonsole ? row : 0;
+         }},
+        {"rightclick", RightClick},
+        {"quickadd", QuickAdd},
+        {"quickclick",
+         [](Script &s, const std::string &a) {
+             QuickListClick(s.game(), static_cast<int>(Val(a)));
          }},
         {"answer", [](Script &s, const std::string &a) { s.host.answers.push_back(a); }},
         {"advance", [](Script &s, const std::string &a) { s.session.Advance(static_cast<std::int64_t>(Val(a))); }},

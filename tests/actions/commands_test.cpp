@@ -78,6 +78,14 @@ TEST(ToolWindows, SideMenuOpensToolsAndDressesThemOnce) {
     EXPECT_EQ(f.game.desk.toolboxCount, 2);
 }
 
+TEST(ToolWindows, TheKindColumnIsNoProperty) {
+    DeskFixture f;
+    f.Row(7, "textnote", "connector", {"left:100"});
+    f.Do("OPEN [connector]");
+    EXPECT_EQ(f.game.desk.Control(7)->text, ""); // not its number, 7
+    EXPECT_EQ(f.game.desk.Control(2)->text, "10.0.0.1");
+}
+
 TEST(ToolWindows, LocksKeepToolsShut) {
     DeskFixture f;
     f.Do("OPEN [connector]");

@@ -1,0 +1,115 @@
+// The bundled demo game played from a new profile to its finale, and loaded back.
+#include "support/tempdir.h"
+#include "tools/cli.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace orrery {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kTestData = ORRERY_TEST_DATA;
+const fs::path kContent = kTestData.parent_path().parent_path() / "content" / "app" / "Data";
+
+struct ToolRun {
+    int code;
+    std::string out;
+    std::string err;
+};
+
+ToolRun Orrery(const std::vector<std::string> &args, const std::string &input = "") {
+    std::istringstream in(input);
+    std::ostringstream out, err;
+    const int code = RunOrreryCli(args, in, out, err);
+    return {code, out.str(), err.str()};
+}
+
+// The trailing (or leading) run of "$name=value" lines: what "show vars" printed last (first).
+std::string VariableBlock(const std::string &output, bool trailing) {
+    std::vector<std::string> lines;
+    std::istringstream in(output);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    std::string block;
+    if (trailing) {
+        for (auto line = lines.rbegin(); line != lines.rend() && line->starts_with('$'); ++line)
+            block = *line + "\n" + block;
+    } else {
+        for (auto line = lines.begin(); line != lines.end() && line->starts_with('$'); ++line)
+            block += *line + "\n";
+    }
+    return block;
+}
+
+TEST(DemoGame, PlaysFromANewProfileToSunriseAndLoadsBack) {
+    test::TempDir dir;
+    const fs::path data = dir.path() / "Data";
+    fs::create_directories(data / "night shift");
+    for (const char *file : {"names.dat", "words.dat", "pname.dat", "night shift/settings.dat"})
+        fs::copy_file(kContent / file, data / file);
+    const std::string app = dir.path().string();
+    const ToolRun generated = Orrery({"generate", app, "Night Shift"});
+    ASSERT_EQ(generated.code, 0) << generated.err;
+
+    const std::string script = (kTestData / "demo" / "playthrough.txt").string();
+    const ToolRun night =
+        Orrery({"play", app, "Night Shift", "--player", "Ann", "--new", "--script", script});
+    ASSERT_EQ(night.code, 0) << night.err;
+    EXPECT_EQ(night.err, "");
+    // The key moments, in the order the script reaches them.
+    const char *moments[] = {
+        "title=Night Shift\n",
+        "Console: never opened, locked\nCracker: never opened, locked\n",
+        "Banner - Halvard Freight - night sync runs at six|",
+        "$stage=1\n",
+        "title=Not enough credits\n",
+        "$credits=100\n",
+        "~14722428~    help, status, scan, trace, killjob\n",
+        "~14722428     gate.halvard.com at 62.118.40.217 runs halvard gatekeeper with 3 open "
+        "ports.\n",
+        "~14722428     hop 3   81.42.7.199   depot.greyhaven.net   end of the line\n",
+        "$credits=150\n",
+        "caption=depot.greyhaven.net\n",
+        "\ndepot.greyhaven.net - 81.42.7.199\n",
+        "title=Cracker\n",
+        "$credits=30\n",
+        "Cracker: open\n",
+        "|Pass 8   LARKSPUR\n",
+        "caption=Passcode LARKSPUR\n",
+        "$hours=5\nvisible=True\ncaption=Hours to dawn - 5\n",
+        "|Access granted. Export job dawnrun waits for six o'clock.\n",
+        "~33023     An hour has passed. Hours to dawn - 5.\n",
+        "?:\\> killjob\n~65280     Export job dawnrun stopped. Nothing leaves the depot tonight.\n",
+        "title=Sunrise\ntext=The export is dead",
+        "$won=1\n$score=530\n",
+        "items=From Mara - Sunrise|",
+    };
+    std::size_t at = 0;
+    for (const char *moment : moments) {
+        const std::size_t found = night.out.find(moment, at);
+        ASSERT_NE(found, std::string::npos)
+            << "missing after offset " << at << ": " << moment << "\n"
+            << night.out;
+        at = found;
+    }
+    const std::string saved = VariableBlock(night.out, true);
+    ASSERT_NE(saved.find("$passcode=LARKSPUR\n"), std::string::npos) << saved;
+
+    // The profile saved on exit: the same variables, the tools bought and unlocked, the
+    // quicklist kept, and the inbox rebuilt by the first "every" event.
+    const ToolRun morning = Orrery({"play", app, "Night Shift", "--player", "Ann", "--load"},
+                                   "show vars\nadvance 200\nshow tools\nshow quicklist\n"
+                                   "show element listinbox\nexit\n");
+    ASSERT_EQ(morning.code, 0) << morning.err;
+    EXPECT_EQ(VariableBlock(morning.out, false), saved);
+    EXPECT_NE(morning.out.find("Console: never opened\nCracker: never opened\n"
+                               "depot.greyhaven.net - 81.42.7.199\n"),
+              std::string::npos)
+        << morning.out;
+    EXPECT_NE(morning.out.find("items=From Mara - Sunrise|"), std::string::npos) << morning.out;
+}
+
+} // namespace
+} // namespace orrery
