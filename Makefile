@@ -23,7 +23,7 @@ run: build
 	@$(BUILD)/app/orrery summary $(BUILD)/app
 
 bench: build
-	@$(BUILD)/bench/orrery_bench --benchmark_counters_tabular=true
+	@for b in $(BUILD)/bench/*_bench; do echo "== $$b"; $$b --benchmark_counters_tabular=true || exit 1; done
 
 # Each fuzz target for a bounded time, built with clang and the sanitizers.
 fuzz: deps
