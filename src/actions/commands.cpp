@@ -274,7 +274,7 @@ std::string ExitSequence(Game &game, Statement &st) {
 
 std::string ExitGame(Game &game, Statement &) {
     game.host.Yield();
-    game.desk.exitRequested = true;
+    game.desk.closeRequested = true;
     return {};
 }
 

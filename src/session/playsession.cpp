@@ -56,6 +56,18 @@ void PlaySession::Advance(std::int64_t milliseconds) {
     if (m_game) RunDueTimers(*m_game, m_game->now + milliseconds);
 }
 
+bool PlaySession::EndIfAsked(ProfileResult &saved) {
+    if (!m_game) return false;
+    if (m_game->desk.exitRequested) {
+        saved = Exit();
+        return true;
+    }
+    if (!m_game->desk.closeRequested) return false;
+    m_host.Bind(nullptr);
+    m_game.reset();
+    return true;
+}
+
 ProfileResult PlaySession::Exit() {
     if (!m_game) return {};
     ProfileResult saved;

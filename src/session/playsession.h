@@ -33,6 +33,9 @@ public:
     void Advance(std::int64_t milliseconds);
     // Leaves the desktop, saving the profile.
     ProfileResult Exit();
+    // Ends the game the desktop asked to close: with a save after ExitMe, without one after
+    // EXIT_GAME. True when it ended.
+    bool EndIfAsked(ProfileResult &saved);
 
     bool Playing() const { return m_game != nullptr; }
     Game &game() { return *m_game; }

@@ -147,7 +147,9 @@ public:
     QonsoleTable consoles; // the qonsoles, by column in order of creation
     MessagePanel message;
     std::string background; // the desktop's picture file
-    bool exitRequested = false; // the desktop is to close and the profile to be saved
+    bool exitRequested = false; // the desktop is to close: ExitMe, which saves the profile
+    bool closeRequested = false; // the desktop is to close without a save (EXIT_GAME)
+    int debugClicks = 0;         // clicks on the debug panel's button
     std::vector<TopEntry> TopMenu{1};    // the bar, from index 1
     std::vector<SubEntry> TopMenuList{1}; // the open drop-down, from index 1
     int selectedMenu = 999;

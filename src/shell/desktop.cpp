@@ -3,6 +3,7 @@
 
 #include "actions/game.h"
 #include "actions/sequence.h"
+#include "actions/statement.h"
 #include "foundation/text.h"
 #include "network/directory.h"
 #include "network/generator.h"
@@ -64,6 +65,14 @@ void DesktopKey(Game &game, int keyCode, bool shift) {
     if (keyCode == Key::F10) ToggleQuicklist(desk);
     if (keyCode == Key::F11) ToggleClock(desk);
     FocusedQonsoleKey(game, keyCode, shift ? kShiftDown : kShiftNone);
+}
+
+void DesktopMouseMove(Game &game) { game.desk.consoles.focus = 0; }
+
+void DebugButtonClick(Game &game) { ++game.desk.debugClicks; }
+
+void DebugLabelClick(Game &game) {
+    if (game.desk.debugClicks == 3) RunStatement(game, "$score = RETURN_COMPLEX [$score + 12000]");
 }
 
 void ExitMe(Game &game, const std::function<void()> &saveProfile) {

@@ -38,6 +38,13 @@ void FirstActivate(Game &game, const std::function<void()> &loadProfile);
 // leaves the game; F1, F9, F10 and F11 toggle panels; other keys go to the focused console.
 void DesktopKey(Game &game, int keyCode, bool shift);
 
+// A move of the mouse over the desktop or a tool takes the keys away from the console.
+void DesktopMouseMove(Game &game);
+// The hidden debug panel: its button counts clicks; its label, after exactly three, adds
+// 12000 to $score.
+void DebugButtonClick(Game &game);
+void DebugLabelClick(Game &game);
+
 // Leaving the game: the profile is saved (saveProfile) and the desktop ends.
 void ExitMe(Game &game, const std::function<void()> &saveProfile);
 

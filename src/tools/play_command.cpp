@@ -218,6 +218,8 @@ int RunScript(Script &s, std::istream &in, const std::string &scriptName, std::o
         if (command == Commands().end()) s.error = "unknown command \"" + word + "\"";
         else if (!s.session.Playing()) s.error = "the game has ended";
         else command->second(s, args);
+        if (ProfileResult saved; s.error.empty() && s.session.EndIfAsked(saved) && !saved.ok)
+            s.error = saved.error;
         if (!s.error.empty()) {
             err << scriptName << ":" << number << ": " << Cp1252ToUtf8(s.error) << "\n";
             return 1;

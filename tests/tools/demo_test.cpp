@@ -113,3 +113,33 @@ TEST(DemoGame, PlaysFromANewProfileToSunriseAndLoadsBack) {
 
 } // namespace
 } // namespace orrery
+
+namespace orrery {
+namespace {
+
+// Escape leaves the desktop through ExitMe, which saves; EXIT_GAME closes it without a save.
+TEST(DemoGame, TheDesktopEndsTheGameWithOrWithoutASave) {
+    test::TempDir dir;
+    const fs::path data = dir.path() / "Data";
+    fs::create_directories(data / "night shift");
+    for (const char *file : {"names.dat", "words.dat", "pname.dat", "night shift/settings.dat"})
+        fs::copy_file(kContent / file, data / file);
+    const std::string app = dir.path().string();
+    ASSERT_EQ(Orrery({"generate", app, "Night Shift"}).code, 0);
+    const auto play = [&](const char *mode, const std::string &script) {
+        return Orrery({"play", app, "Night Shift", "--player", "Bo", mode}, script);
+    };
+    const fs::path profile = dir.path() / "Saved" / "Bo.vbz";
+
+    ToolRun run = play("--new", "key 13\nstatement $credits = RETURN_COMPLEX [777]\nkey 27\nshow vars\n");
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "<stdin>:4: the game has ended\n");
+    EXPECT_NE(play("--load", "show var $credits\n").out.find("$credits=777"), std::string::npos);
+
+    run = play("--load", "statement $credits = RETURN_COMPLEX [1]\nstatement EXIT_GAME\n");
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_NE(play("--load", "show var $credits\n").out.find("$credits=777"), std::string::npos);
+}
+
+} // namespace
+} // namespace orrery
