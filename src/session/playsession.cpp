@@ -12,6 +12,7 @@ PlaySession::PlaySession(AppPaths paths, Host &host, Random &random)
 PlaySession::~PlaySession() { m_host.Bind(nullptr); }
 
 LoadReport PlaySession::OpenProject(std::string_view name, const HostScreen &screen) {
+    m_screen = screen;
     return LoadProject(m_project, m_paths, name, screen);
 }
 
@@ -20,6 +21,8 @@ void PlaySession::FreshGame() {
     m_world = std::make_unique<ServerDirectory>();
     m_game = std::make_unique<Game>(m_project, *m_world, m_words, m_random, m_host);
     m_game->paths = &m_paths;
+    m_game->desk.formWidth = m_screen.widthTwips;
+    m_game->desk.formHeight = m_screen.heightTwips;
     m_game->onAutosave = [this] { SaveCurrentProfile(*m_game); };
 }
 

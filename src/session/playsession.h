@@ -53,6 +53,7 @@ private:
     std::unique_ptr<ServerDirectory> m_world;
     std::unique_ptr<Game> m_game;
     std::filesystem::path m_loadPath;
+    HostScreen m_screen;
     ProfileResult m_loaded;
 };
 

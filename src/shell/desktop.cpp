@@ -64,7 +64,10 @@ void DesktopKey(Game &game, int keyCode, bool shift) {
     if (keyCode == Key::F9) desk.topMenuVisible = !desk.topMenuVisible;
     if (keyCode == Key::F10) ToggleQuicklist(desk);
     if (keyCode == Key::F11) ToggleClock(desk);
-    FocusedQonsoleKey(game, keyCode, shift ? kShiftDown : kShiftNone);
+    if (FocusedQonsoleKey(game, keyCode, shift ? kShiftDown : kShiftNone)) return;
+    // Then the focused control has the key: Enter in a short text box clicks its tool's button.
+    const ElementControl *focused = desk.Control(desk.focusRow);
+    if (keyCode == Key::Enter && focused && focused->kind == ElementKind::Text) TextEnter(game, desk.focusRow);
 }
 
 void DesktopMouseMove(Game &game) { game.desk.consoles.focus = 0; }

@@ -3,6 +3,7 @@
 
 #include "actions/commands.h"
 #include "engine_fixture.h"
+#include "shell/desktop.h"
 #include "shell/tools.h"
 
 namespace orrery {
@@ -149,6 +150,26 @@ TEST(Commands, ResetsPutDesignBackAroundExceptions) {
     f.Do("LIST_CLEAR [listhosts]");
     f.Do("RESET_ELEMENT [connector] [listhosts]");
     EXPECT_TRUE(f.game.desk.Control(4)->items.empty());
+}
+
+} // namespace
+} // namespace orrery
+
+namespace orrery {
+namespace {
+
+TEST(ToolWindows, EnterInAShortTextBoxClicksTheToolsButton) {
+    DeskFixture f;
+    f.Do("OPEN [connector]");
+    f.game.desk.focusRow = 2;
+    f.game.desk.message.visible = true;
+    DesktopKey(f.game, Key::Enter, false); // closes the message and does nothing else
+    EXPECT_EQ(f.Log(), "open activate");
+    DesktopKey(f.game, Key::Enter, false);
+    EXPECT_EQ(f.Log(), "open activate go:10.0.0.1");
+    f.game.desk.Control(2)->height = 800; // a tall box takes Enter as a line break
+    DesktopKey(f.game, Key::Enter, false);
+    EXPECT_EQ(f.Log(), "open activate go:10.0.0.1");
 }
 
 } // namespace
