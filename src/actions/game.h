@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "actions/substitution.h"
 #include "foundation/paths.h"
 #include "network/randomfiles.h"
 #include "project/model.h"
@@ -20,6 +21,8 @@ class WordBank;
 struct Game;
 
 inline constexpr int kGunSlots = 89;
+// Steps (fields visited) that one run of a sequence may take, with every walk inside it.
+inline constexpr std::int64_t kMaxWalkSteps = 1000000;
 
 // What the engine asks of the platform. The Qt shell runs its event queue; a headless host
 // keeps a virtual clock.
@@ -64,7 +67,11 @@ struct Game {
     const AppPaths *paths = nullptr; // where pictures are found; none in a bare test game
 
     // The run-time user variables; a new game fills them from the project's defaults.
-    SlotTable<Variable, kVariableRows> VariableTable;
+    RuntimeVariables VariableTable;
+    // The tags of TLink as the element pass of ExpandSpecials looks for them, and the desk's
+    // TLink stamp they were read at.
+    NameIndex loadedTags;
+    std::uint64_t loadedTagsStamp = 0;
     FileTable files;
     SlotTable<std::string, kGunSlots> GunQueue;
     std::string PlayerName;
@@ -78,6 +85,11 @@ struct Game {
     // Walks nested inside one another right now; past a limit a further walk doesn't start,
     // so a qlob that calls itself ends instead of exhausting the stack.
     int walkDepth = 0;
+    // Steps taken since the outermost walk began, every walk inside it counted; past the limit
+    // every walk ends, so a loop that runs statements without end ends too. A caller may set a
+    // lower limit: the fuzzer does, to keep each input short.
+    std::int64_t walkSteps = 0;
+    std::int64_t walkStepLimit = kMaxWalkSteps;
 
     RandomSources Sources() { return {world, words, random}; }
 };

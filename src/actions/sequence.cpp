@@ -76,7 +76,7 @@ void WalkFields(Game &game, const std::vector<std::string_view> &fields) {
     Walk walk;
     int idle = 0;
     for (int i = 1; i <= kMaxSequenceFields; ++i) {
-        if (++idle > kMaxIdleSteps) return;
+        if (++idle > kMaxIdleSteps || ++game.walkSteps > game.walkStepLimit) return;
         std::string line = Field(fields, i);
         if (line.empty() && Field(fields, i + 1).empty()) return;
         if (line.empty() || line == ":") continue;
@@ -134,6 +134,7 @@ void RunSequence(Game &game, std::string sequence, int ownerRow, int mode) {
     }
     sequence = ReplaceAll(sequence, "action:", "");
     for (int pass = 0; pass < 2; ++pass) sequence = ReplaceAll(sequence, "``", "`");
+    if (game.walkDepth == 0) game.walkSteps = 0;
     ++game.walkDepth;
     ++game.RunningSequences;
     WalkFields(game, SplitFields(sequence));

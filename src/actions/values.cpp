@@ -111,6 +111,7 @@ int FirstFreeFile(const Game &game) { return FirstFreeSlot(game.files, FileTable
 } // namespace
 
 void DeliverResult(Game &game, const std::string &value, const std::string &target, Delivery delivery) {
+    if (value.size() > kMaxDeliveredLength) return;
     if (SetVariable(game, target, value)) return;
     const int row = TargetRow(game, target);
     if (ElementControl *control = row ? game.desk.Control(row) : nullptr)

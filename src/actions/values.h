@@ -1,6 +1,7 @@
 // The RETURN family: each computes a text and delivers it to a variable or an element.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace orrery {
@@ -14,6 +15,9 @@ struct Delivery {
     bool lineBreaks = false; // "//" is a line break for labels and text boxes
     bool listAdds = false;   // a list gets a new item, rather than selecting one
 };
+// A longer value is not delivered: the target keeps what it had. It stops a text that doubles
+// at every turn of a loop long before it fills the memory.
+inline constexpr std::size_t kMaxDeliveredLength = 65535;
 void DeliverResult(Game &game, const std::string &value, const std::string &target,
                    Delivery delivery = {});
 

@@ -8,27 +8,31 @@
 #include "network/directory.h"
 #include "network/generator.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace orrery {
 
 namespace {
 
-constexpr int kLongestSubstitutedName = 21;
-
-const std::string &VariableName(const Game &game, int row) {
-    static const std::string kNone;
-    return row <= kVariableRows ? game.VariableTable[row].name : kNone;
-}
-
-// Scans of the table stop at the first row where this name and the next two are blank.
-bool AtBound(const Game &game, int row) {
-    return IsBlank(VariableName(game, row)) && IsBlank(VariableName(game, row + 1)) &&
-           IsBlank(VariableName(game, row + 2));
-}
-
-// Calls visit(row) for each row up to the bound; visit returns true to stop.
-template <typename Visit> void WalkVariables(const Game &game, Visit visit) {
-    for (int row = 1; row <= kVariableRows && !AtBound(game, row); ++row)
-        if (visit(row)) return;
+// The tags of TLink as the element pass reads them: entries from 1 up to the first one where
+// this tag and the next two are blank. Read again only after a control was loaded or unloaded.
+const NameIndex &LoadedTags(Game &game) {
+    const Desk &desk = game.desk;
+    if (game.loadedTagsStamp == desk.TLinkStamp()) return game.loadedTags;
+    std::vector<std::string> tags(kElementRows + 3);
+    for (int i = 1; i <= std::min(desk.TLinkCount(), kElementRows); ++i)
+        tags[static_cast<std::size_t>(i)] = NormText(desk.TLinkTag(i));
+    const auto tag = [&](int i) -> const std::string & {
+        return tags[static_cast<std::size_t>(i)];
+    };
+    game.loadedTags.Clear();
+    for (int i = 1; i <= kElementRows; ++i) {
+        if (tag(i).empty() && tag(i + 1).empty() && tag(i + 2).empty()) break;
+        game.loadedTags.Add(tag(i), i);
+    }
+    game.loadedTagsStamp = desk.TLinkStamp();
+    return game.loadedTags;
 }
 
 // Rebuilds text with the part inside its first parentheses substituted.
@@ -62,14 +66,9 @@ std::string Specials(Game &game, std::string text) {
 
 // Names of loaded elements, in load order, replaced by their content.
 std::string ElementNames(Game &game, std::string text) {
-    const Desk &desk = game.desk;
-    for (int i = 1; i <= kElementRows; ++i) {
-        const std::string tag = NormText(desk.TLinkTag(i));
-        if (tag.empty() && NormText(desk.TLinkTag(i + 1)).empty() &&
-            NormText(desk.TLinkTag(i + 2)).empty())
-            break;
-        if (!tag.empty() && InStr(text, tag)) text = ReplaceAll(text, tag, desk.TLinkString(i, tag));
-    }
+    LoadedTags(game).ReplaceInOrder(text, [&game](int index, const std::string &tag) {
+        return game.desk.TLinkString(index, tag);
+    });
     return text;
 }
 
@@ -92,18 +91,13 @@ std::string ExpandSpecials(Game &game, std::string_view text) {
     return ElementNames(game, std::move(expanded));
 }
 
+// Every length from the longest down, each a walk of the table in row order; a name brought
+// in by a replacement is caught if it is shorter, or of the same length at a later row.
 std::string SubstituteVariables(Game &game, std::string_view text) {
     std::string result = ReplaceAll(text, "_$", "$");
-    for (std::size_t length = kLongestSubstitutedName; length >= 1; --length) {
-        WalkVariables(game, [&](int row) {
-            const Variable &variable = game.VariableTable[row];
-            if (IsBlank(variable.name)) return false;
-            const std::string name = NormText(variable.name);
-            if (name.size() == length && InStr(result, name))
-                result = ReplaceAll(result, name, variable.value);
-            return false;
-        });
-    }
+    const RuntimeVariables &variables = game.VariableTable;
+    variables.Index().substituted.ReplaceEachLength(
+        result, [&variables](int row, const std::string &) { return variables[row].value; });
     return result;
 }
 
@@ -114,16 +108,7 @@ std::string ResolveIndexedName(Game &game, std::string_view text) {
 std::string LookupValue(Game &game, std::string &text) {
     if (IsBlank(text)) return {};
     text = ReplaceAll(ReplaceAll(text, "$playername", Trim(game.PlayerName)), "_", "");
-    const std::string wanted = NormText(text);
-    std::string value;
-    bool found = false;
-    WalkVariables(game, [&](int row) {
-        const Variable &variable = game.VariableTable[row];
-        if (NormText(variable.name) != wanted) return false;
-        value = variable.value;
-        return found = true;
-    });
-    if (found) return value;
+    if (const int row = FindVariable(game, text)) return game.VariableTable[row].value;
     const int row = FindElementRow(game, text);
     if (!row) return text;
     const ElementControl *control = game.desk.Control(row);
@@ -135,17 +120,9 @@ std::string LookupValue(Game &game, std::string &text) {
 }
 
 int SetVariable(Game &game, std::string_view name, std::string_view value) {
-    const std::string wanted = NormText(ReplaceAll(name, "_$", "$"));
-    const std::string stored = Trim(ReplaceAll(value, "_$", "$"));
-    int set = 0;
-    WalkVariables(game, [&](int row) {
-        Variable &variable = game.VariableTable[row];
-        if (NormText(variable.name) != wanted) return false;
-        variable.value = stored;
-        set = 1;
-        return true;
-    });
-    return set;
+    const int row = FindVariable(game, ReplaceAll(name, "_$", "$"));
+    if (row) game.VariableTable.SetValue(row, Trim(ReplaceAll(value, "_$", "$")));
+    return row ? 1 : 0;
 }
 
 std::string GetVariable(Game &game, std::string_view name) {
@@ -153,15 +130,12 @@ std::string GetVariable(Game &game, std::string_view name) {
     return row ? game.VariableTable[row].value : std::string();
 }
 
+// The first row of that name form up to the table's bound; a blank name finds a blank row
+// within it.
 int FindVariable(const Game &game, std::string_view name) {
-    const std::string wanted = NormText(name);
-    int found = 0;
-    WalkVariables(game, [&](int row) {
-        if (NormText(game.VariableTable[row].name) != wanted) return false;
-        found = row;
-        return true;
-    });
-    return found;
+    const auto &firstRow = game.VariableTable.Index().firstRow;
+    const auto found = firstRow.find(NormText(name));
+    return found == firstRow.end() ? 0 : found->second;
 }
 
 void CreateVariable(Game &game, std::string_view name, std::string_view value) {
@@ -172,7 +146,7 @@ void CreateVariable(Game &game, std::string_view name, std::string_view value) {
     const std::string newValue = ExpandSpecials(game, clean(value));
     int row = FirstFreeSlot(game.VariableTable, kVariableRows);
     if (const int existing = FindVariable(game, newName)) row = existing;
-    game.VariableTable[row] = {newName, newValue};
+    game.VariableTable.Set(row, {newName, newValue});
 }
 
 int FindElementRow(const Game &game, std::string_view name) {

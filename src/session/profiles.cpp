@@ -58,8 +58,8 @@ struct LineReader {
         const int slot = FirstFreeSlot(game.VariableTable, kVariableRows, variableCursor);
         variableCursor = slot;
         // A value ends at the second "=": a value that held one reads back cut there.
-        game.VariableTable[slot].name = Trim(ReplaceAll(FieldBy(line, 1, "="), kVariableKey, ""));
-        game.VariableTable[slot].value = Trim(ReplaceAll(FieldBy(line, 2, "="), "//", kCrLf));
+        game.VariableTable.Set(slot, {Trim(ReplaceAll(FieldBy(line, 1, "="), kVariableKey, "")),
+                                      Trim(ReplaceAll(FieldBy(line, 2, "="), "//", kCrLf))});
     }
 
     void ReadQuicklist(const std::string &line) {
@@ -107,7 +107,7 @@ std::optional<fs::path> ProfileFile(const AppPaths &paths, std::string_view play
 }
 
 void ClearRuntimeVariables(Game &game) {
-    for (Variable &variable : game.VariableTable) variable = {};
+    game.VariableTable.Clear();
 }
 
 int NextFreeRuntimeVariable(const Game &game) {
@@ -118,8 +118,7 @@ void ResetPlayerVariables(Game &game) {
     ClearRuntimeVariables(game);
     const std::string player = Trim(game.PlayerName);
     for (int slot = 1; slot <= kVariableRows; ++slot) {
-        Variable &variable = game.VariableTable[slot];
-        variable = game.project.VariableTable[slot];
+        Variable variable = game.project.VariableTable[slot];
         // Every slot draws, whether or not its value asks, so the draws don't depend on the
         // values.
         const std::string fullName = Trim(game.words.RandomFullName(game.random));
@@ -127,6 +126,7 @@ void ResetPlayerVariables(Game &game) {
         variable.value = ReplaceAll(variable.value, "$randomname", fullName);
         variable.value = ReplaceAll(variable.value, "$randomshortname", shortName);
         variable.value = ReplaceAll(variable.value, "$randomplayername", player);
+        game.VariableTable.Set(slot, std::move(variable));
     }
 }
 

@@ -3,6 +3,8 @@
 
 #include "foundation/text.h"
 
+#include <atomic>
+
 namespace orrery {
 
 ElementKind KindOfName(std::string_view name) {
@@ -30,11 +32,18 @@ ElementControl &Desk::LoadControl(int row, std::string tag, ElementKind kind) {
     slot->tag = std::move(tag);
     slot->kind = kind;
     if (static_cast<int>(m_tlink.size()) < kElementRows) m_tlink.push_back(row);
+    m_tlinkStamp = NewStamp();
     return *slot;
 }
 
 void Desk::UnloadControl(int row) {
     if (row >= 1 && row <= kElementRows) m_controls[static_cast<std::size_t>(row)].reset();
+    m_tlinkStamp = NewStamp();
+}
+
+std::uint64_t Desk::NewStamp() {
+    static std::atomic<std::uint64_t> next{1};
+    return next++;
 }
 
 std::string Desk::TLinkTag(int index) const {

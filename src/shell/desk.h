@@ -23,7 +23,7 @@ enum class ElementKind { Other, Button, Label, Text, List, Image, Qonsole };
 
 // The live control of one element of an open tool.
 struct ElementControl {
-    std::string tag; // the element's name
+    std::string tag; // the element's name, fixed once loaded
     ElementKind kind = ElementKind::Other;
     std::string caption;            // button, label
     std::string text;               // text box; a list's selected item
@@ -125,6 +125,9 @@ public:
     std::string TLinkTag(int index) const;
     // The content of TLink entry i by the kind words of tag: text, list, label, button.
     std::string TLinkString(int index, std::string_view tag) const;
+    // Changes whenever a control is loaded or unloaded, and no two desks share one: what is
+    // built from the tags of TLink stays good while this stays the same.
+    std::uint64_t TLinkStamp() const { return m_tlinkStamp; }
     // The TLink index whose control's tag has that name form; 0 when none.
     int ElIndex(std::string_view name) const;
     // The control of TLink entry i; nullptr when there is none.
@@ -175,6 +178,8 @@ public:
 private:
     std::vector<std::unique_ptr<ElementControl>> m_controls; // by row
     std::vector<int> m_tlink;                                 // rows, in load order
+    std::uint64_t m_tlinkStamp = NewStamp();
+    static std::uint64_t NewStamp();
     std::vector<ToolBox> m_toolboxes;                         // from index 1
 };
 

@@ -50,7 +50,7 @@ struct EngineFixture {
     // Declares variables in order, as a project's [variables] section does.
     void Declare(std::initializer_list<std::pair<const char *, const char *>> variables) {
         int row = 0;
-        for (const auto &[name, value] : variables) game.VariableTable[++row] = {name, value};
+        for (const auto &[name, value] : variables) game.VariableTable.Set(++row, {name, value});
     }
     std::string Var(std::string_view name) { return GetVariable(game, name); }
     void Run(const std::string &sequence) { RunSequence(game, sequence, 0, 0); }

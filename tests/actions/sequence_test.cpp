@@ -149,5 +149,40 @@ TEST(Gun, QueuedStatementsComeOutInOrderWithoutDuplicates) {
     EXPECT_EQ(f.game.GunQueue[kGunSlots], "s89");
 }
 
+TEST(Containment, StatementLoopsEndAtTheRunsStepLimit) {
+    // Every field visited is a step, in the qlobs a run calls too; "tick" yields and does nothing.
+    struct Case {
+        const char *sequence;
+        std::int64_t limit;
+        int statements;
+    };
+    const Case cases[] = {
+        {"~a`tick`_GOTO a", kMaxWalkSteps, 333333},
+        {"~a`tick`tick {$a = 9}`_GOTO a", 3000, 750},
+        {"~a`QLOB [spin]`_GOTO a", 3000, 1500},  // each turn: 3 steps here, 3 in the qlob
+        {"QLOB [forever]`tick", 3000, 1001},     // the qlob's loop ends the caller too
+    };
+    for (const Case &c : cases) {
+        test::EngineFixture f;
+        f.Declare({{"$a", "2"}});
+        f.project.QlobTable[1] = "spin tick`tick";
+        f.project.QlobTable[2] = "forever ~b`tick`_GOTO b";
+        f.game.walkStepLimit = c.limit;
+        f.Run(c.sequence);
+        EXPECT_EQ(f.host.yields, c.statements) << c.sequence;
+        EXPECT_EQ(f.game.walkDepth, 0);
+        f.Run("tick"); // the next run has steps of its own
+        EXPECT_EQ(f.host.yields, c.statements + 1) << c.sequence;
+    }
+}
+
+TEST(Containment, AValueTooLongForADeliveryLeavesTheTargetAsItWas) {
+    test::EngineFixture f;
+    f.Declare({{"$log", "x"}});
+    f.game.walkStepLimit = 60; // twenty turns of the loop
+    f.Run("~a`$log = RETURN_COMPLEX [$log$log]`_GOTO a");
+    EXPECT_EQ(f.Var("$log"), std::string(32768, 'x'));
+}
+
 } // namespace
 } // namespace orrery

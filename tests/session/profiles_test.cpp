@@ -64,7 +64,7 @@ TEST(Profiles, NewGameRoundTripsWithTheFormatsLosses) {
     EXPECT_NE(drawn.find(' '), std::string::npos);
     EXPECT_EQ(who, drawn + " & " + drawn);
 
-    for (Variable &variable : f.game.VariableTable) variable = {"junk", "junk"};
+    for (int row = 1; row <= kVariableRows; ++row) f.game.VariableTable.Set(row, {"junk", "junk"});
     f.game.desk.Quicklist = {"", "x", "y", "z"};
     f.game.desk.ToolLocked = {true, false, true, false};
     ASSERT_TRUE(LoadProfile(f.game, f.paths.SavedPath() / "Ada.vbz").ok);
@@ -80,7 +80,7 @@ TEST(Profiles, NewGameRoundTripsWithTheFormatsLosses) {
 TEST(Profiles, FileIsScrambledLineByLineInItsFixedOrder) {
     ProfileFixture f;
     f.game.PlayerName = " Ada ";
-    f.game.VariableTable[2] = {" $x ", "a\r\nb"};
+    f.game.VariableTable.Set(2, {" $x ", "a\r\nb"});
     f.game.desk.Quicklist = {""};
     const std::string first = ProfileText(f.game);
     const std::string second = ProfileText(f.game);
@@ -104,7 +104,7 @@ TEST(Profiles, FileIsScrambledLineByLineInItsFixedOrder) {
 
 TEST(Profiles, EmptyPathKeepsTheNewGameAndAnUnreadableFileChangesNothing) {
     ProfileFixture f;
-    f.game.VariableTable[1] = {"$kept", "1"};
+    f.game.VariableTable.Set(1, {"$kept", "1"});
     EXPECT_TRUE(LoadProfile(f.game, " ").ok);
     const ProfileResult missing = LoadProfile(f.game, f.paths.SavedPath() / "Nobody.vbz");
     EXPECT_FALSE(missing.ok);

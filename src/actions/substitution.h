@@ -1,0 +1,111 @@
+// The names the substitution passes look for, indexed so that a pass costs in proportion to
+// its text and not to the tables, and the run-time variable table that keeps its index true.
+#pragma once
+
+#include "foundation/text.h"
+#include "project/model.h"
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace orrery {
+
+// A hash for maps keyed by text that are asked with views.
+struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const noexcept {
+        return std::hash<std::string_view>{}(text);
+    }
+};
+
+template <typename Value>
+using TextMap = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
+
+// Names to find in a text, each with the ascending positions that carry it: rows of a table
+// or entries of TLink. A pass walks the positions in order, and at each one replaces every
+// occurrence of its name if the text holds it at that moment; so a replacement can bring in a
+// name that a later position then catches. The index replays exactly that walk: from the last
+// position replaced it looks up the text's substrings for the next position whose name is
+// there, without visiting the positions in between.
+class NameIndex {
+public:
+    // Positions come in ascending order; an empty name is never looked for.
+    void Add(std::string_view name, int position);
+    void Clear() { m_groups.clear(); }
+
+    // One walk for each length of name in turn, longest first, over the positions of that
+    // length. valueOf(position, name) gives the replacement when the walk gets there.
+    template <typename ValueOf> void ReplaceEachLength(std::string &text, ValueOf valueOf) const {
+        for (std::size_t group = 0; group < m_groups.size(); ++group)
+            Replay(text, valueOf, group, group + 1);
+    }
+    // One walk over all positions, whatever the length of their names.
+    template <typename ValueOf> void ReplaceInOrder(std::string &text, ValueOf valueOf) const {
+        Replay(text, valueOf, 0, m_groups.size());
+    }
+
+private:
+    // The names of one length, and the bytes they begin and end with, to pass over most of
+    // the text without a lookup.
+    struct Group {
+        std::size_t length = 0;
+        std::array<bool, 256> first{};
+        std::array<bool, 256> last{};
+        TextMap<std::vector<int>> positions;
+    };
+    struct Hit {
+        int position = 0;
+        const std::string *name = nullptr;
+    };
+
+    // The smallest position past `after` whose name the text holds, among groups [from, to).
+    Hit Next(std::string_view text, int after, std::size_t from, std::size_t to) const;
+
+    template <typename ValueOf>
+    void Replay(std::string &text, ValueOf &valueOf, std::size_t from, std::size_t to) const {
+        for (Hit hit = Next(text, 0, from, to); hit.name; hit = Next(text, hit.position, from, to))
+            text = ReplaceAll(text, *hit.name, valueOf(hit.position, *hit.name));
+    }
+
+    std::vector<Group> m_groups; // longest names first
+};
+
+// The run-time user variables: rows 1 to 2000 of name and value, filled from row 1. Values
+// change all the time and cost nothing more; names change only through Set and Clear, which
+// is what keeps the index of the names true.
+class RuntimeVariables {
+public:
+    static constexpr int kSize = kVariableRows;
+    // SubstituteVariables leaves longer names alone.
+    static constexpr std::size_t kLongestSubstituted = 21;
+
+    const Variable &operator[](int row) const { return m_rows[row]; }
+    auto begin() const { return m_rows.begin(); }
+    auto end() const { return m_rows.end(); }
+
+    void Set(int row, Variable variable);
+    void SetValue(int row, std::string value) { m_rows[row].value = std::move(value); }
+    void Clear();
+
+    // What the walks over the table need to know of its names.
+    struct Names {
+        // Each name form up to the walks' bound, blank ones too, to the first row that has it.
+        TextMap<int> firstRow;
+        // The names SubstituteVariables replaces, by row.
+        NameIndex substituted;
+    };
+    // Built again on the first call after a name has changed.
+    const Names &Index() const;
+
+private:
+    SlotTable<Variable, kVariableRows> m_rows;
+    mutable Names m_names;
+    mutable bool m_stale = true;
+};
+
+} // namespace orrery
