@@ -48,8 +48,8 @@ constexpr int kClockSteps = 25;
 constexpr std::int64_t kClockStep = 200;
 
 // Steps of each run of a sequence, and statements (with the few other yields) of one input.
-constexpr std::int64_t kWalkSteps = 3000;
-constexpr int kYieldBudget = 2000;
+constexpr std::int64_t kWalkSteps = 1000;
+constexpr int kYieldBudget = 1000;
 
 // Thrown by the host when an input has used its budget; the game is dropped with it.
 struct Spent {};

@@ -176,6 +176,12 @@ TEST(Containment, StatementLoopsEndAtTheRunsStepLimit) {
     }
 }
 
+TEST(Containment, AValueThatHoldsItsOwnNameIsReplacedOncePerPass) {
+    // Expanded, then substituted again: two passes, each replacing the name once.
+    const auto selfNamed = [](test::EngineFixture &f) { f.Declare({{"$log", "x$log"}}); };
+    EXPECT_EQ(Log("$log = RETURN_COMPLEX [$log!]", selfNamed), "xx$log!");
+}
+
 TEST(Containment, AValueTooLongForADeliveryLeavesTheTargetAsItWas) {
     test::EngineFixture f;
     f.Declare({{"$log", "x"}});
