@@ -21,7 +21,8 @@ void NameIndex::Add(std::string_view name, int position) {
         group = m_groups.insert(group, Group{});
         group->length = name.size();
     }
-    group->first[Byte(name.front())] = true;
+    if (group->firstBytes.find(name.front()) == std::string::npos)
+        group->firstBytes += name.front();
     group->last[Byte(name.back())] = true;
     auto found = group->positions.find(name);
     if (found == group->positions.end())
@@ -35,15 +36,19 @@ NameIndex::Hit NameIndex::Next(std::string_view text, int after, std::size_t fro
     for (std::size_t g = from; g < to; ++g) {
         const Group &group = m_groups[g];
         const std::size_t length = group.length;
-        for (std::size_t i = 0; i + length <= text.size(); ++i) {
-            if (!group.first[Byte(text[i])] || !group.last[Byte(text[i + length - 1])]) continue;
-            const auto found = group.positions.find(text.substr(i, length));
-            if (found == group.positions.end()) continue;
-            const std::vector<int> &positions = found->second;
-            const auto next = std::upper_bound(positions.begin(), positions.end(), after);
-            if (next != positions.end() && (!best.name || *next < best.position))
-                best = {*next, &found->first};
-        }
+        if (length > text.size()) continue;
+        const std::string_view starts = text.substr(0, text.size() - length + 1);
+        for (const char lead : group.firstBytes)
+            for (std::size_t i = starts.find(lead); i != std::string_view::npos;
+                 i = starts.find(lead, i + 1)) {
+                if (!group.last[Byte(text[i + length - 1])]) continue;
+                const auto found = group.positions.find(text.substr(i, length));
+                if (found == group.positions.end()) continue;
+                const std::vector<int> &positions = found->second;
+                const auto next = std::upper_bound(positions.begin(), positions.end(), after);
+                if (next != positions.end() && (!best.name || *next < best.position))
+                    best = {*next, &found->first};
+            }
     }
     return best;
 }

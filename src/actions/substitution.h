@@ -51,10 +51,10 @@ public:
 
 private:
     // The names of one length, and the bytes they begin and end with, to pass over most of
-    // the text without a lookup.
+    // the text without a lookup: a scan jumps from one first byte to the next.
     struct Group {
         std::size_t length = 0;
-        std::array<bool, 256> first{};
+        std::string firstBytes; // each once
         std::array<bool, 256> last{};
         TextMap<std::vector<int>> positions;
     };
