@@ -28,7 +28,7 @@ bench: build
 # Each fuzz target for a bounded time, built with clang and the sanitizers.
 fuzz: deps
 	@cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-	  -DCMAKE_CXX_COMPILER=clang++ -DORRERY_FUZZ=ON -DORRERY_TESTS=OFF -DORRERY_BENCH=OFF >/dev/null
+	  -DCMAKE_CXX_COMPILER=clang++ -DORRERY_FUZZ=ON -DORRERY_TESTS=OFF -DORRERY_BENCH=OFF -DORRERY_GUI=OFF >/dev/null
 	@cmake --build $(FUZZ_BUILD) -j $(JOBS)
 	@for t in $(FUZZ_BUILD)/fuzz/fuzz_*; do \
 	  echo "== $$t"; mkdir -p $(FUZZ_BUILD)/corpus/$$(basename $$t); \

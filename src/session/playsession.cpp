@@ -13,6 +13,7 @@ PlaySession::~PlaySession() { m_host.Bind(nullptr); }
 
 LoadReport PlaySession::OpenProject(std::string_view name, const HostScreen &screen) {
     m_screen = screen;
+    m_projectName = name;
     return LoadProject(m_project, m_paths, name, screen);
 }
 

@@ -40,12 +40,15 @@ public:
     bool Playing() const { return m_game != nullptr; }
     Game &game() { return *m_game; }
     ProjectModel &project() { return m_project; }
+    // The name the project was opened by, as Data/pname.dat gives it.
+    const std::string &projectName() const { return m_projectName; }
     const AppPaths &paths() const { return m_paths; }
 
 private:
     void FreshGame();
 
     AppPaths m_paths;
+    std::string m_projectName;
     Host &m_host;
     Random &m_random;
     ProjectModel m_project;

@@ -48,6 +48,7 @@ struct ElementControl {
     std::string dataField;
     std::string picture;     // image: the file shown
     std::string commandList; // qonsole: its commands, as the property holds them
+    int box = 0;             // the toolbox the element stands in
 };
 
 // One tool window: a panel whose tag is the tool's name, made at its first opening.
@@ -59,6 +60,7 @@ struct ToolBox {
     std::int32_t width = 0;
     std::int32_t height = 0;
     std::int32_t backColor = 0;
+    std::uint64_t raisedAt = 0; // brought to the front last when this is greatest
 };
 
 // The chrome of a tool: title bar parts, caption and close mark, by chrome index.
@@ -121,6 +123,8 @@ public:
 
     // TLink: the rows of loaded controls in load order, from index 1.
     int TLinkCount() const { return static_cast<int>(m_tlink.size()); }
+    // The rows of TLink in load order; an unloaded control's row stays listed.
+    const std::vector<int> &TLinkRows() const { return m_tlink; }
     // The tag of TLink entry i, "" when there is no live control there.
     std::string TLinkTag(int index) const;
     // The content of TLink entry i by the kind words of tag: text, list, label, button.
@@ -145,6 +149,7 @@ public:
     std::vector<int> OpenTools = std::vector<int>(kToolboxes + 1); // chrome index -> toolbox
     int toolboxCount = 0;  // toolboxes made
     int selectedBox = 0;   // the toolbox framed by the focus frame
+    std::uint64_t raiseCounter = 0; // counts tools brought to the front
     bool toolerVisible = false;
     int focusRow = 0;      // the element that has the focus
     QonsoleTable consoles; // the qonsoles, by column in order of creation

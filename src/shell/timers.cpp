@@ -2,6 +2,7 @@
 #include "shell/timers.h"
 
 #include <limits>
+#include <optional>
 
 #include "actions/game.h"
 #include "actions/sequence.h"
@@ -52,6 +53,14 @@ void Fire(Game &game, TimerKind kind, int index) {
 }
 
 } // namespace
+
+std::optional<std::int64_t> NextDue(const Game &game) {
+    std::optional<std::int64_t> next;
+    for (const std::vector<Timer> *list : {&game.timers.fixed, &game.timers.qlob, &game.timers.misc})
+        for (const Timer &timer : *list)
+            if (Ticks(timer) && (!next || timer.due < *next)) next = timer.due;
+    return next;
+}
 
 void StartTimer(Game &game, Timer &timer) {
     timer.enabled = true;

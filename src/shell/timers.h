@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -47,6 +48,8 @@ struct Timers {
 void StartDesktopTimers(Game &game);
 // Starts a timer: enabled, due one interval from now.
 void StartTimer(Game &game, Timer &timer);
+// The time the first running timer falls due; none when no timer runs.
+std::optional<std::int64_t> NextDue(const Game &game);
 // Runs every timer that falls due up to the time given, in order of time, moving the clock to
 // each tick. A tick that was due while the program slept comes once, not once per interval.
 void RunDueTimers(Game &game, std::int64_t until);

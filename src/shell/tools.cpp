@@ -45,6 +45,7 @@ void LoadToolElements(Game &game, int n) {
         const ElementKind kind = KindOfName(NormText(FieldAt(element[2], 1)));
         if (kind == ElementKind::Other) continue;
         ElementControl &control = game.desk.LoadControl(row, element[0], kind);
+        control.box = n;
         game.project.Element(row)[kRowNumberColumn] = IntText(row);
         ApplyProperties(control, element, true);
         FinishControl(game, control, row);
@@ -75,6 +76,7 @@ void RaiseExisting(Game &game, int n) {
     Centre(game, box);
     box.visible = true;
     SetToolerSel(game, n, true);
+    SetToolBoxTextFocus(game, n);
     ActivateToolSub(game, box.tag, "activate");
 }
 
@@ -95,6 +97,7 @@ void MakeNew(Game &game, int entry) {
     Centre(game, box);
     box.visible = true;
     SetToolerSel(game, n, true);
+    SetToolBoxTextFocus(game, n);
     ActivateToolSub(game, side.tag, "open");
     ActivateToolSub(game, side.tag, "activate");
 }
@@ -204,6 +207,29 @@ void SetToolerSel(Game &game, int box, bool force) {
     if (box == desk.selectedBox && !force) return;
     desk.selectedBox = box;
     desk.toolerVisible = true;
+    if (box >= 1 && box <= kMaxToolboxes) desk.Box(box).raisedAt = ++desk.raiseCounter;
+}
+
+void SetToolBoxTextFocus(Game &game, int box) {
+    for (int row : game.desk.TLinkRows()) {
+        const ElementControl *control = game.desk.Control(row);
+        if (control && control->box == box && control->kind == ElementKind::Text) {
+            game.desk.focusRow = row;
+            return;
+        }
+    }
+}
+
+void ToolPress(Game &game, int box) {
+    game.desk.consoles.focus = 0;
+    SetToolerSel(game, box, false);
+}
+
+void QonsoleClick(Game &game, int row) {
+    const ElementControl *console = game.desk.Control(row);
+    if (!console || console->kind != ElementKind::Qonsole) return;
+    SetToolerSel(game, console->box, false);
+    game.desk.consoles.focus = row;
 }
 
 void ButtonClick(Game &game, int row) {

@@ -36,6 +36,13 @@ void ClearTextBoxesInTool(Game &game, std::string_view tool);
 // Moves the focus frame to a toolbox when it isn't there already, or when forced.
 void SetToolerSel(Game &game, int box, bool force);
 
+// Gives the focus to the tool's first text element, the first made.
+void SetToolBoxTextFocus(Game &game, int box);
+// A press on a tool's panel: the consoles lose the keys and the tool comes to the front.
+void ToolPress(Game &game, int box);
+// A click on a console: it takes the keys, and its tool comes to the front.
+void QonsoleClick(Game &game, int row);
+
 // The events of elements, each given the element's row.
 void ButtonClick(Game &game, int row);
 void ImageClick(Game &game, int row);

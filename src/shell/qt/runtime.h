@@ -1,0 +1,73 @@
+// The run-time from start to end: the splash, the menu, the profile screen and the small
+// windows round a game, and the desktop while a game is played. It owns the one project and
+// the session, and puts each window on screen in turn.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QSize>
+#include <QWidget>
+
+#include <memory>
+
+#include "foundation/paths.h"
+#include "foundation/preferences.h"
+#include "foundation/random.h"
+#include "session/playsession.h"
+#include "shell/qt/desktopwindow.h"
+#include "shell/qt/menuwindow.h"
+#include "shell/qt/qthost.h"
+#include "shell/qt/splash.h"
+
+namespace orrery {
+
+class Runtime : public QObject {
+    Q_OBJECT
+public:
+    // root: the application folder, with Data/pname.dat naming the game.
+    Runtime(AppPaths paths, PreferenceStore preferences, QObject *parent = nullptr);
+    ~Runtime() override;
+
+    // Shows the splash; the menu follows it.
+    void start();
+    // The application folder of a run-time at program: its own folder when a Data/pname.dat
+    // stands beside it, else the folder above (the build keeps it as Data/runner).
+    static std::filesystem::path FindRoot(const std::filesystem::path &program);
+
+    MenuWindow *menu() const { return m_menu; }
+    DesktopWindow *desktop() const { return m_desktop; }
+    PlaySession &session() { return m_session; }
+    QtHost &host() { return m_host; }
+    // Asked nothing at a narrow screen: tests run on one.
+    void setQuiet(bool quiet) { m_quiet = quiet; }
+    // Windows of this size instead of the full screen: a window on a desktop, or a test.
+    void setWindowSize(const QSize &size) { m_windowSize = size; }
+
+signals:
+    // The menu has gone: the program ends.
+    void finished();
+
+private:
+    void showMenu();
+    void openProfiles(bool loadMode);
+    void openDesktop();
+    void leaveDesktop();
+    void openOptions();
+    void openScores();
+    void openCredits();
+    void openWebsite();
+    void exit();
+
+    AppPaths m_paths;
+    PreferenceStore m_preferences;
+    QtHost m_host;
+    PlaySession m_session;
+    QPointer<SplashWindow> m_splash;
+    QPointer<MenuWindow> m_menu;
+    QPointer<DesktopWindow> m_desktop;
+    bool m_quiet = false;
+    QSize m_windowSize;
+    void present(QWidget *window);
+};
+
+} // namespace orrery

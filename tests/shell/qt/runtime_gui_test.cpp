@@ -1,0 +1,173 @@
+// A player's way through the run-time's real windows: the menu, a new profile, the desktop
+// with its side menu, a tool's text box and button, a console, the top menu and the quicklist,
+// back to the menu by Escape, the saved profile loaded again, and the menu's Exit.
+#include "guitest.h"
+
+#include "actions/game.h"
+#include "actions/variables.h"
+#include "foundation/preferences.h"
+#include "session/qt/profiledialog.h"
+#include "shell/qt/deskpanels.h"
+#include "shell/qt/desktopwindow.h"
+#include "shell/qt/menuwindow.h"
+#include "shell/qt/runtime.h"
+#include "shell/qt/toolview.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace orrery::test {
+namespace {
+
+class RunnerGui : public ::testing::Test {
+protected:
+    RunnerGui() : root(CopyAppFolder(dir)), runtime(AppPaths(root), PreferenceStore(dir.path() / "prefs")) {
+        runtime.setQuiet(true);
+        runtime.setWindowSize(QSize(1280, 800));
+    }
+
+    Game &game() { return runtime.session().game(); }
+    DesktopWindow *desktop() { return runtime.desktop(); }
+
+    int SideEntry(const std::string &caption) {
+        const auto &side = game().desk.SideMenu;
+        for (std::size_t i = 1; i < side.size(); ++i)
+            if (side[i].caption == caption) return static_cast<int>(i);
+        return 0;
+    }
+
+    void OpenFromSideMenu(const std::string &caption) {
+        SideMenuView *side = desktop()->sideMenu();
+        QTest::mouseClick(side, Qt::LeftButton, {}, side->entryRect(SideEntry(caption)).center());
+    }
+
+    QWidget *Element(const std::string &tool, const std::string &name) {
+        ToolView *view = desktop()->toolView(tool);
+        return view ? view->findChild<QWidget *>(QString::fromStdString(name)) : nullptr;
+    }
+
+    // Starts a game from the menu's line, answering the profile screen.
+    void StartFromMenu(int line, const std::function<void(ProfileDialog *)> &answer) {
+        bool answered = false;
+        WhenModal<ProfileDialog>([&](ProfileDialog *dialog) {
+            answer(dialog);
+            answered = true;
+        });
+        QTest::mouseClick(runtime.menu(), Qt::LeftButton, {}, runtime.menu()->lineRect(line).center());
+        ASSERT_TRUE(WaitFor([&] { return answered && desktop() && desktop()->isVisible(); }));
+        ASSERT_TRUE(runtime.session().Playing());
+    }
+
+    void LeaveByEscape() {
+        QTest::keyClick(desktop(), Qt::Key_Escape);
+        ASSERT_TRUE(WaitFor([&] { return !desktop() && runtime.menu()->isVisible(); }));
+    }
+
+    TempDir dir;
+    std::filesystem::path root;
+    Runtime runtime;
+};
+
+TEST_F(RunnerGui, PlaysFromMenuToDesktopAndBack) {
+    runtime.start();
+    ASSERT_TRUE(WaitFor([&] { return runtime.menu() && runtime.menu()->isVisible(); }));
+    Shot(runtime.menu(), "menu.png");
+
+    // New Game: a profile named on the profile screen.
+    StartFromMenu(1, [](ProfileDialog *dialog) {
+        Shot(dialog, "profile.png");
+        dialog->findChild<QLineEdit *>("Text1")->setText("Ada");
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>("ARButton1"), Qt::LeftButton);
+    });
+    EXPECT_EQ(game().PlayerName, "Ada");
+    // The start-up sequence greets the player; any key closes the message.
+    ASSERT_TRUE(WaitFor([&] { return game().desk.message.visible; }));
+    Shot(desktop(), "desktop-welcome.png");
+    QTest::keyClick(desktop(), Qt::Key_Return);
+    EXPECT_FALSE(game().desk.message.visible);
+
+    // The Connector from the side menu: the address typed, Connect pressed. The Console,
+    // locked until then, opens.
+    OpenFromSideMenu("Connector");
+    ASSERT_TRUE(WaitFor([&] { return Element("connector", "textaddress") != nullptr; }));
+    QWidget *address = Element("connector", "textaddress");
+    QTest::mouseClick(address, Qt::LeftButton);
+    QTest::keyClicks(address, "gate.halvard.com");
+    EXPECT_EQ(game().desk.TLinkControl(game().desk.ElIndex("textaddress"))->text, "gate.halvard.com");
+    QTest::mouseClick(Element("connector", "buttonconnect"), Qt::LeftButton);
+    ASSERT_TRUE(WaitFor([&] { return !game().desk.ToolLocked[static_cast<std::size_t>(SideEntry("Console"))]; }));
+
+    // The Console: HELP typed on the desktop's keys after a click on the console.
+    OpenFromSideMenu("Console");
+    ASSERT_TRUE(WaitFor([&] { return Element("console", "qonsolemain") != nullptr; }));
+    QWidget *console = Element("console", "qonsolemain");
+    QTest::mouseClick(console, Qt::LeftButton);
+    QTest::keyClicks(desktop(), "help");
+    QTest::keyClick(desktop(), Qt::Key_Return);
+    const auto &rows = game().desk.consoles.columns[1].rows;
+    EXPECT_TRUE(std::any_of(rows.begin(), rows.end(),
+                            [](const std::string &row) { return row.find("HELP (Available Commands)") != std::string::npos; }));
+    QTest::keyClicks(desktop(), "trace");
+    QTest::keyClick(desktop(), Qt::Key_Return);
+    ASSERT_TRUE(WaitFor([&] { return GetVariable(game(), "$stage") == "2"; }));
+    desktop()->sync();
+    Shot(console, "qonsole-help.png");
+    Shot(desktop(), "desktop.png");
+
+    // The top menu: File opens its drop-down, whose Show Help opens the help panel.
+    TopMenuBar *bar = desktop()->topMenuBar();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->entryRect(1).center());
+    ASSERT_TRUE(game().desk.topMenuListVisible);
+    TopMenuList *list = desktop()->topMenuList();
+    int showHelp = 0;
+    for (std::size_t i = 1; i < game().desk.TopMenuList.size(); ++i)
+        if (game().desk.TopMenuList[i].word == "help") showHelp = static_cast<int>(i);
+    ASSERT_GT(showHelp, 0);
+    QTest::mouseClick(list, Qt::LeftButton, {}, list->entryRect(showHelp).center());
+    EXPECT_TRUE(game().desk.help.visible);
+    EXPECT_FALSE(game().desk.topMenuListVisible);
+
+    // The quicklist: the traced depot, right-clicked in the Connector, added as a server.
+    OpenFromSideMenu("Connector");
+    QWidget *found = Element("connector", "labelfound");
+    ASSERT_NE(found, nullptr);
+    QTest::mouseClick(found, Qt::RightButton);
+    ASSERT_TRUE(desktop()->quickMenu()->isVisible());
+    desktop()->quickMenu()->actions().at(0)->trigger();
+    EXPECT_NE(game().desk.Quicklist[1].find("depot.greyhaven.net"), std::string::npos);
+    // F10 shows and hides it.
+    const bool shown = desktop()->quicklist()->isVisible();
+    QTest::keyClick(desktop(), Qt::Key_F10);
+    EXPECT_NE(desktop()->quicklist()->isVisible(), shown);
+
+    // Escape saves the profile and goes back to the menu.
+    LeaveByEscape();
+    EXPECT_TRUE(std::filesystem::exists(root / "Saved" / "Ada.vbz"));
+
+    // Load Game: the saved profile comes back with its progress and its quicklist.
+    StartFromMenu(2, [](ProfileDialog *dialog) {
+        auto *profiles = dialog->findChild<QListWidget *>("List1");
+        ASSERT_EQ(profiles->count(), 1);
+        profiles->setCurrentRow(0);
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>("ARButton1"), Qt::LeftButton);
+    });
+    ASSERT_TRUE(WaitFor([&] { return game().desk.activated; }));
+    EXPECT_EQ(GetVariable(game(), "$stage"), "2");
+    EXPECT_NE(game().desk.Quicklist[1].find("depot.greyhaven.net"), std::string::npos);
+    LeaveByEscape();
+
+    // The menu's Exit ends the run-time.
+    QSignalSpy finished(&runtime, &Runtime::finished);
+    int exitLine = 1;
+    while (!runtime.menu()->lineRect(exitLine + 1).isEmpty()) ++exitLine;
+    QTest::mouseClick(runtime.menu(), Qt::LeftButton, {}, runtime.menu()->lineRect(exitLine).center());
+    EXPECT_EQ(finished.count(), 1);
+}
+
+} // namespace
+} // namespace orrery::test
