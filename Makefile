@@ -18,9 +18,9 @@ build: deps
 test: build
 	@ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
 
-# Until the run-time window exists, the main program is the tool's summary of the demo game.
+# The run-time on the bundled demo game.
 run: build
-	@$(BUILD)/app/orrery summary $(BUILD)/app
+	@$(BUILD)/app/Data/runner
 
 bench: build
 	@for b in $(BUILD)/bench/*_bench; do echo "== $$b"; $$b --benchmark_counters_tabular=true || exit 1; done

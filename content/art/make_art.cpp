@@ -274,20 +274,13 @@ QImage TitleBar(int width, QColor top, QColor bottom, QColor accent) {
 const QColor kToolTop(46, 64, 86), kToolBottom(12, 20, 31);
 const QColor kDialogTop(40, 64, 82), kDialogBottom(10, 22, 30);
 
-// A planet on its orbit marks the tools; it sits left of the caption, which starts at 40 px.
+// The end piece runs to where the stretched middle begins (2400 twips, 160 px) and ends in a
+// lit cap; the run-time shows it mirrored at the right end, so both ends are finished.
 QImage ToolEnd() {
-    QImage image = TitleBar(40, kToolTop, kToolBottom, kCyan);
+    QImage image = TitleBar(160, kToolTop, kToolBottom, kCyan);
     QPainter p(&image);
-    p.setRenderHint(QPainter::Antialiasing);
-    QPointF c(20, 11.5);
-    Glow(p, c, 11, Alpha(kCyan, 60));
-    p.setPen(QPen(Alpha(kCyan, 150), 1.2));
-    p.drawEllipse(c, 7, 7);
-    p.setPen(Qt::NoPen);
-    p.setBrush(kCyan);
-    p.drawEllipse(c, 2.6, 2.6);
-    p.setBrush(Mix(kCyan, Qt::white, 0.4));
-    p.drawEllipse(QPointF(c.x() + 5, c.y() - 5), 1.6, 1.6);
+    p.fillRect(0, 0, 2, 24, Alpha(kCyan, 200));
+    p.fillRect(2, 0, 1, 24, Alpha(kCyan, 70));
     return image;
 }
 

@@ -148,7 +148,7 @@ BarDialog::BarDialog(const AppPaths &paths, const QString &caption, QWidget *par
     m_caption->setStyleSheet("color: #e6fffb; background: transparent;");
     m_caption->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto *barRow = new QHBoxLayout(bar);
-    barRow->setContentsMargins(12, 0, 12, 0);
+    barRow->setContentsMargins(40, 0, 12, 0); // the caption starts past the end piece's mark
     barRow->addWidget(m_caption);
 
     m_body = new QWidget(this);

@@ -224,7 +224,8 @@ void QuicklistView::paintEvent(QPaintEvent *) {
     painter.fillRect(rect(), ToQColor(s.myqlistbackcolor));
     const QRect strip(0, 0, width(), kPanelTitle);
     painter.fillRect(strip, ToQColor(s.myqlistbordercolor));
-    painter.setPen(ToQColor(s.myqlistbackcolor));
+    // The title in the rows' colour, which the project keeps readable on the list.
+    painter.setPen(ToQColor(s.myqforecolor));
     painter.setFont(PanelFont(8, true));
     painter.drawText(strip.adjusted(8, 0, 0, 0), Qt::AlignVCenter, "Quicklist");
     const QFont rowFont = ProjectFont(s.myqfontname, s.myqfontsize > 0 ? s.myqfontsize : 8, s.myqisbold,
