@@ -6,6 +6,8 @@
 #include "actions/game.h"
 #include "actions/variables.h"
 #include "foundation/preferences.h"
+#include "actions/statement.h"
+#include "session/qt/askerdialog.h"
 #include "session/qt/profiledialog.h"
 #include "shell/qt/deskpanels.h"
 #include "shell/qt/desktopwindow.h"
@@ -144,6 +146,38 @@ TEST_F(RunnerGui, PlaysFromMenuToDesktopAndBack) {
     const bool shown = desktop()->quicklist()->isVisible();
     QTest::keyClick(desktop(), Qt::Key_F10);
     EXPECT_NE(desktop()->quicklist()->isVisible(), shown);
+    if (!desktop()->quicklist()->isVisible()) QTest::keyClick(desktop(), Qt::Key_F10);
+
+    // To the finale: the cracker bought from the mail, the depot's passcode cracked with the
+    // host clicked in from the quicklist, the login, and KILLJOB on the console.
+    QTest::mouseClick(Element("mail", "buttonbuy"), Qt::LeftButton);
+    ASSERT_TRUE(WaitFor([&] { return game().desk.message.visible; }));
+    QTest::keyClick(desktop(), Qt::Key_Return);
+    ASSERT_TRUE(WaitFor([&] { return Element("cracker", "textcrack") != nullptr; }));
+    QTest::mouseClick(Element("cracker", "textcrack"), Qt::LeftButton);
+    QuicklistView *quick = desktop()->quicklist();
+    QTest::mouseClick(quick, Qt::LeftButton, {}, quick->rowRect(1).center());
+    EXPECT_EQ(game().desk.TLinkControl(game().desk.ElIndex("textcrack"))->text, "depot.greyhaven.net");
+    QTest::mouseClick(Element("cracker", "buttoncrack"), Qt::LeftButton);
+    const std::string passcode = GetVariable(game(), "$passcode");
+    ASSERT_FALSE(passcode.empty());
+    OpenFromSideMenu("Connector");
+    QWidget *address2 = Element("connector", "textaddress");
+    QTest::mouseClick(address2, Qt::LeftButton);
+    QTest::keyClick(address2, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(address2, "depot.greyhaven.net");
+    QTest::mouseClick(Element("connector", "textpasscode"), Qt::LeftButton);
+    QTest::keyClicks(Element("connector", "textpasscode"), QString::fromStdString(passcode));
+    QTest::mouseClick(Element("connector", "buttonconnect"), Qt::LeftButton);
+    ASSERT_EQ(GetVariable(game(), "$loggedin"), "1");
+    OpenFromSideMenu("Console");
+    QTest::mouseClick(console, Qt::LeftButton);
+    QTest::keyClicks(desktop(), "killjob");
+    QTest::keyClick(desktop(), Qt::Key_Return);
+    ASSERT_TRUE(WaitFor([&] { return GetVariable(game(), "$won") == "1" && game().desk.message.visible; }));
+    desktop()->sync();
+    Shot(desktop(), "finale.png");
+    QTest::keyClick(desktop(), Qt::Key_Return);
 
     // Escape saves the profile and goes back to the menu.
     LeaveByEscape();
@@ -157,7 +191,7 @@ TEST_F(RunnerGui, PlaysFromMenuToDesktopAndBack) {
         QTest::mouseClick(dialog->findChild<QAbstractButton *>("ARButton1"), Qt::LeftButton);
     });
     ASSERT_TRUE(WaitFor([&] { return game().desk.activated; }));
-    EXPECT_EQ(GetVariable(game(), "$stage"), "2");
+    EXPECT_EQ(GetVariable(game(), "$won"), "1");
     EXPECT_NE(game().desk.Quicklist[1].find("depot.greyhaven.net"), std::string::npos);
     LeaveByEscape();
 
@@ -167,6 +201,21 @@ TEST_F(RunnerGui, PlaysFromMenuToDesktopAndBack) {
     while (!runtime.menu()->lineRect(exitLine + 1).isEmpty()) ++exitLine;
     QTest::mouseClick(runtime.menu(), Qt::LeftButton, {}, runtime.menu()->lineRect(exitLine).center());
     EXPECT_EQ(finished.count(), 1);
+}
+
+TEST_F(RunnerGui, AsksWithTheAskerAndGoesOnWithTheAnswer) {
+    runtime.start();
+    ASSERT_TRUE(WaitFor([&] { return runtime.menu() && runtime.menu()->isVisible(); }));
+    StartFromMenu(1, [](ProfileDialog *dialog) {
+        dialog->findChild<QLineEdit *>("Text1")->setText("Bo");
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>("ARButton1"), Qt::LeftButton);
+    });
+    WhenModal<AskerDialog>([](AskerDialog *asker) {
+        Shot(asker, "asker.png");
+        QTest::mouseClick(asker->findChild<QAbstractButton *>("b2"), Qt::LeftButton);
+    });
+    desktop()->run([](Game &g) { RunStatement(g, "$target = RETURN_ASK [Trace the caller?] [Yes] [Not now]"); });
+    EXPECT_EQ(GetVariable(game(), "$target"), "Not now");
 }
 
 } // namespace
