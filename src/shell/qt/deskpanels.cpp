@@ -351,32 +351,51 @@ MessageView::MessageView(DeskInput &desk, QWidget *parent) : DeskPanel(desk, "mb
 void MessageView::sync() {
     const Desk &desk = m_desk.game().desk;
     const QSize size(420, 170);
-    setGeometry(parentWidget()->width() / 2 - size.width() / 2, parentWidget()->height() / 2 - size.height() / 2,
-                size.width(), size.height());
+    if (!m_placed)
+        setGeometry(parentWidget()->width() / 2 - size.width() / 2,
+                    parentWidget()->height() / 2 - size.height() / 2, size.width(), size.height());
     if (isVisible() != desk.message.visible) setVisible(desk.message.visible);
-    if (desk.message.visible) raise();
+    if (!desk.message.visible) m_placed = false;
+    else raise();
     update();
 }
+
+QRect MessageView::okRect() const { return QRect(width() / 2 - 40, height() - 36, 80, 24); }
+QRect MessageView::closeRect() const { return QRect(width() - kPanelTitle, 0, kPanelTitle, kPanelTitle); }
 
 void MessageView::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     const ProjectSettings &s = SettingsOf(m_desk);
     const Desk &desk = m_desk.game().desk;
-    painter.fillRect(rect(), ToQColor(s.mytoolsbackcolor));
     PaintFrame(painter, rect(), s, ToQString(desk.message.title));
     painter.setPen(QColor(220, 230, 240));
     painter.setFont(PanelFont(9));
     painter.drawText(rect().adjusted(16, kPanelTitle + 12, -16, -44), Qt::TextWordWrap | Qt::AlignTop,
                      ToQString(desk.message.text));
-    const QRect ok(width() / 2 - 40, height() - 36, 80, 24);
-    painter.fillRect(ok, ToQColor(s.mytoolsbordercolor));
+    painter.drawText(closeRect(), Qt::AlignCenter, "x");
+    painter.fillRect(okRect(), ToQColor(s.mytoolsbordercolor));
     painter.setPen(Qt::white);
-    painter.drawText(ok, Qt::AlignCenter, "OK");
+    painter.drawText(okRect(), Qt::AlignCenter, "OK");
 }
 
-void MessageView::mousePressEvent(QMouseEvent *) {
-    m_desk.run([](Game &game) { game.desk.message.visible = false; });
+// The OK button and the close mark close the message; a press anywhere else drags it.
+void MessageView::mousePressEvent(QMouseEvent *event) {
+    const QPoint at = event->position().toPoint();
+    if (okRect().contains(at) || closeRect().contains(at)) {
+        m_desk.run([](Game &game) { game.desk.message.visible = false; });
+        return;
+    }
+    m_dragging = true;
+    m_dragFrom = event->globalPosition().toPoint() - pos();
 }
+
+void MessageView::mouseMoveEvent(QMouseEvent *event) {
+    if (!m_dragging) return;
+    m_placed = true;
+    move(event->globalPosition().toPoint() - m_dragFrom);
+}
+
+void MessageView::mouseReleaseEvent(QMouseEvent *) { m_dragging = false; }
 
 // The hidden debug panel.
 DebugView::DebugView(DeskInput &desk, QWidget *parent) : DeskPanel(desk, "Picture2", parent) {}

@@ -90,10 +90,19 @@ class MessageView : public DeskPanel {
 public:
     MessageView(DeskInput &desk, QWidget *parent);
     void sync() override;
+    QRect okRect() const;
+    QRect closeRect() const;
 
 protected:
     void paintEvent(QPaintEvent *) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    bool m_placed = false; // dragged by the player: stays where it was put until it closes
+    bool m_dragging = false;
+    QPoint m_dragFrom;
 };
 
 class DebugView : public DeskPanel {
