@@ -48,6 +48,20 @@ DeskPanel::DeskPanel(DeskInput &desk, const char *name, QWidget *parent) : QWidg
     setMouseTracking(true);
 }
 
+void DeskPanel::refresh(std::string shown) {
+    if (shown == m_shown) return;
+    m_shown = std::move(shown);
+    update();
+}
+
+namespace {
+std::string Joined(const std::vector<std::string> &texts) {
+    std::string out;
+    for (const std::string &text : texts) out += text + '\n';
+    return out;
+}
+} // namespace
+
 // The top menu's bar: its entries from 480 twips, and Exit at the right end.
 TopMenuBar::TopMenuBar(DeskInput &desk, QWidget *parent) : DeskPanel(desk, "topmenu", parent) {}
 
@@ -55,7 +69,8 @@ void TopMenuBar::sync() {
     const Desk &desk = m_desk.game().desk;
     setGeometry(0, 0, parentWidget()->width(), kBarHeight);
     setVisible(desk.topMenuVisible);
-    update();
+    refresh(std::to_string(desk.selectedMenu) + (desk.topMenuListVisible ? "o" : "c") +
+            std::to_string(desk.TopMenu.size()) + "/" + std::to_string(width()));
 }
 
 QRect TopMenuBar::entryRect(int index) const {
@@ -142,7 +157,9 @@ void TopMenuList::sync() {
     setGeometry(left, kBarHeight, std::max(widest + Px(240), Px(420)) + 16, entryRect(count + 1).top() + 4);
     show();
     raise();
-    update();
+    std::string listed = std::to_string(desk.selectedMenu);
+    for (const SubEntry &entry : desk.TopMenuList) listed += entry.caption + "\n";
+    refresh(std::move(listed));
 }
 
 void TopMenuList::paintEvent(QPaintEvent *) {
@@ -214,7 +231,7 @@ void QuicklistView::sync() {
         setVisible(desk.quicklistVisible);
         if (desk.quicklistVisible) raise();
     }
-    update();
+    refresh(Joined(desk.Quicklist) + std::to_string(desk.quicklistSel));
 }
 
 void QuicklistView::paintEvent(QPaintEvent *) {
@@ -283,7 +300,7 @@ void HelpView::sync() {
         setVisible(desk.help.visible);
         if (desk.help.visible) raise();
     }
-    update();
+    refresh(std::to_string(desk.help.selected) + Joined(desk.help.items) + desk.help.text);
 }
 
 void HelpView::paintEvent(QPaintEvent *) {
@@ -333,7 +350,7 @@ void ClockView::sync() {
         setVisible(desk.clock.visible);
         if (desk.clock.visible) raise();
     }
-    update();
+    refresh(desk.clock.text);
 }
 
 void ClockView::paintEvent(QPaintEvent *) {
@@ -357,7 +374,7 @@ void MessageView::sync() {
     if (isVisible() != desk.message.visible) setVisible(desk.message.visible);
     if (!desk.message.visible) m_placed = false;
     else raise();
-    update();
+    refresh(desk.message.title + "\n" + desk.message.text);
 }
 
 QRect MessageView::okRect() const { return QRect(width() / 2 - 40, height() - 36, 80, 24); }
@@ -409,7 +426,8 @@ void DebugView::sync() {
     if (isVisible() != desk.debugVisible) setVisible(desk.debugVisible);
     if (desk.debugVisible) {
         raise();
-        update();
+        refresh(Joined(std::vector<std::string>(m_desk.game().GunQueue.begin(), m_desk.game().GunQueue.end())) +
+                std::to_string(m_desk.game().RunningSequences) + "/" + std::to_string(desk.debugClicks));
     }
 }
 

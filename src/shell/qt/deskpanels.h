@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <string>
+
 namespace orrery {
 
 class DeskInput;
@@ -16,7 +18,12 @@ public:
     virtual void sync() = 0;
 
 protected:
+    // Repaints when what the panel shows, summed up in a text, has changed since last time.
+    void refresh(std::string shown);
     DeskInput &m_desk;
+
+private:
+    std::string m_shown;
 };
 
 class TopMenuBar : public DeskPanel {

@@ -115,7 +115,14 @@ void ToolView::sync() {
         found->second->sync(*control);
     }
     if (isVisible() != box.visible) setVisible(box.visible);
-    update();
+    // The chrome changes only with its caption or the panel's colour.
+    const int c = chrome();
+    const std::string shown = (c ? game.desk.Chrome[static_cast<std::size_t>(c)].caption : std::string()) + "/" +
+                              std::to_string(box.backColor);
+    if (shown != m_shown) {
+        m_shown = shown;
+        update();
+    }
 }
 
 void ToolView::paintEvent(QPaintEvent *) {
@@ -194,7 +201,13 @@ void SideMenuView::sync() {
     const bool shown = s.mytoolsmenusidemenu;
     setVisible(shown);
     resize(std::max(widest, 180), bottom + Px(480) - 8);
-    update();
+    std::string locks;
+    for (std::size_t i = 1; i < side.size(); ++i)
+        locks += side[i].caption + (game.desk.ToolLocked[i] ? "L" : "-") + (side[i].visible ? "V" : "H");
+    if (locks != m_shown) {
+        m_shown = locks;
+        update();
+    }
 }
 
 QRect SideMenuView::entryRect(int i) const {

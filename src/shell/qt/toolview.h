@@ -48,6 +48,7 @@ private:
     std::map<int, ElementView *> m_elements; // by row; the widgets are children
     QPoint m_dragFrom;                       // where a drag by the title bar began
     bool m_dragging = false;
+    std::string m_shown;                     // the chrome as last painted
 };
 
 class SideMenuView : public QWidget {
@@ -72,6 +73,7 @@ private:
     QPoint m_dragFrom;
     bool m_dragging = false;
     int m_entryHeight = 0;
+    std::string m_shown; // the entries as last painted
 };
 
 } // namespace orrery

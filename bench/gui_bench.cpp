@@ -1,0 +1,436 @@
+// Benchmarks of the run-time on screen, on Qt's offscreen platform, each beside a floor taken
+// in the same run: the first opening of a tool of 150 elements drawn on the desktop beside the
+// model's opening alone, the repaint of a console of 100 rows beside the bare drawing of its
+// lines, and the processor time an idle desktop takes with all its timers running.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QImage>
+#include <QPainter>
+#include <QTimer>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ratios.h"
+#include "actions/statement.h"
+#include "foundation/convert.h"
+#include "foundation/preferences.h"
+#include "foundation/random.h"
+#include "foundation/text.h"
+#include "foundation/textfile.h"
+#include "platform/headless.h"
+#include "session/playsession.h"
+#include "shell/qonsole.h"
+#include "shell/qt/desktopwindow.h"
+#include "shell/qt/elementviews.h"
+#include "shell/qt/look.h"
+#include "shell/qt/qthost.h"
+#include "shell/qt/toolview.h"
+#include "shell/tools.h"
+
+namespace orrery {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char *kBenchTool = "Bench";
+constexpr const char *kBenchTag = "bench";
+constexpr int kGridColumns = 8;
+constexpr int kGridElements = 148; // and two consoles: 150
+constexpr int kToolElements = kGridElements + 2;
+const QSize kWindowSize(1280, 800);
+
+// A copy of the built application folder without its programs, removed at the end.
+class AppFolder {
+public:
+    AppFolder() {
+        const fs::path from = ORRERY_APP_DIR;
+        for (auto it = fs::recursive_directory_iterator(from); it != fs::recursive_directory_iterator(); ++it) {
+            const fs::path to = m_root / fs::relative(it->path(), from);
+            if (it->is_directory()) fs::create_directories(to);
+            else if ((it->status().permissions() & fs::perms::owner_exec) == fs::perms::none)
+                fs::copy_file(it->path(), to, fs::copy_options::overwrite_existing);
+        }
+        fs::remove_all(m_root / "Saved");
+        fs::create_directories(m_root / "Saved");
+    }
+    ~AppFolder() {
+        std::error_code ignored;
+        fs::remove_all(m_dir, ignored);
+    }
+    const fs::path &root() const { return m_root; }
+    fs::path preferences() const { return m_dir / "prefs"; }
+
+private:
+    fs::path m_dir = fs::temp_directory_path() / ("orrery-gui-bench-" + std::to_string(::getpid()));
+    fs::path m_root = m_dir / "app";
+};
+
+// One element row of the bench tool: its name, kind and properties.
+void SetElement(ProjectModel &project, int row, const std::string &kind, int n,
+                const std::vector<std::string> &properties) {
+    ElementRow &e = project.Element(row);
+    e[0] = kind + "bench" + IntText(n);
+    e[1] = std::string("atool:") + kBenchTag;
+    e[2] = kind + ":" + IntText(row);
+    int column = 3;
+    for (const std::string &property : properties) {
+        if (column == kActionColumn) ++column;
+        e[static_cast<std::size_t>(column++)] = property;
+    }
+}
+
+std::vector<std::string> Placed(std::vector<std::string> properties, int left, int top, int width, int height) {
+    const std::pair<const char *, int> place[] = {{"left:", left}, {"top:", top}, {"width:", width}, {"height:", height}};
+    for (const auto &[key, value] : place) properties.push_back(key + IntText(value));
+    return properties;
+}
+
+// Adds the bench tool after the project's own elements: 148 labels, buttons, text boxes and
+// lists in a grid, and two consoles beside it, a large one and a small one. Returns the large
+// console's row.
+int AddBenchTool(ProjectModel &project) {
+    project.ToolNameTable[FirstFreeSlot(project.ToolNameTable, 99)] = kBenchTool;
+    int row = 1;
+    while (!IsBlank(project.Element(row)[1])) ++row;
+    const std::vector<std::string> font = {"fontname:Verdana", "fontsize:8", "fontbold:False",
+                                           "forecolor:16777215", "backcolor:3158064"};
+    for (int i = 0; i < kGridElements; ++i, ++row) {
+        const int left = 120 + (i % kGridColumns) * 1350, top = 480 + (i / kGridColumns) * 510;
+        std::vector<std::string> p = font;
+        const std::string n = IntText(i);
+        std::string kind;
+        switch (i % 8) {
+        case 1:
+        case 6: kind = "button", p.push_back("caption:Scan " + n); break;
+        case 2: kind = "text", p.push_back("text:host" + n + ".example"); break;
+        case 5: kind = "text"; break;
+        case 4: kind = "list", p.push_back("listitems:alpha//beta//gamma//delta//epsilon"); break;
+        case 3: kind = "label", p.push_back("backstyle:1"), p.push_back("caption:Port " + n); break;
+        default: kind = "label", p.push_back("caption:Node " + n), p.push_back("alignment:" + IntText(i % 3));
+        }
+        SetElement(project, row, kind, i, Placed(p, left, top, 1260, 420));
+    }
+    const int consoleLeft = 120 + kGridColumns * 1350 + 120;
+    const std::vector<std::string> console = {"fontname:Courier New", "fontsize:10", "fontbold:True",
+                                              "forecolor:65280", "backcolor:0",
+                                              "commandlist:HELP (List the commands of this console.)"};
+    SetElement(project, row, "qonsole", 1, Placed(console, consoleLeft, 480, 7200, 7200));
+    SetElement(project, row + 1, "qonsole", 2, Placed(console, consoleLeft, 7800, 7200, 1800));
+    return row;
+}
+
+void Settle() {
+    QCoreApplication::sendPostedEvents();
+    QApplication::processEvents();
+}
+
+// Counts the paint events delivered while it is on.
+class PaintCounter : public QObject {
+public:
+    PaintCounter() { qApp->installEventFilter(this); }
+    ~PaintCounter() override { qApp->removeEventFilter(this); }
+    bool eventFilter(QObject *watched, QEvent *event) override {
+        if (m_on && event->type() == QEvent::Paint) ++m_paints;
+        return QObject::eventFilter(watched, event);
+    }
+    void Start() { m_on = true; }
+    void Stop() { m_on = false; }
+    long long paints() const { return m_paints; }
+
+private:
+    bool m_on = false;
+    long long m_paints = 0;
+};
+
+std::string ProjectName(const AppPaths &paths) {
+    return Trim(ReplaceAll(ReadTextFile(paths.ProjectNameFile()), "\r\n", ""));
+}
+
+HostScreen WindowScreen() {
+    HostScreen screen;
+    screen.widthTwips = Twips(kWindowSize.width());
+    screen.heightTwips = Twips(kWindowSize.height());
+    return screen;
+}
+
+// The application copied once, and two plays of the demo project with the bench tool: one on
+// screen through the Qt host, one without any window on the headless host.
+class Stage {
+public:
+    Stage() : m_host(m_paths, m_preferences), m_screen(m_paths, m_host, m_random),
+              m_model(m_paths, m_headless, m_random) {
+        InstallFonts(m_paths.FontsPath());
+        const std::string name = ProjectName(m_paths);
+        m_host.SetProjectName(name);
+        for (PlaySession *session : {&m_screen, &m_model}) {
+            session->OpenProject(name, WindowScreen());
+            m_consoleRow = AddBenchTool(session->project());
+        }
+    }
+
+    // A new game on a new desktop window, shown and painted after its first activation.
+    DesktopWindow &EnterOnScreen() {
+        LeaveScreen();
+        if (!m_screen.NewGame("Bench").ok) Fail("cannot start a game on screen");
+        m_desktop = std::make_unique<DesktopWindow>(m_screen, m_host);
+        m_desktop->resize(kWindowSize);
+        m_desktop->show();
+        m_desktop->enter();
+        Settle();
+        return *m_desktop;
+    }
+    // Ends the game on screen: its host stops ticking.
+    void LeaveScreen() {
+        m_desktop.reset();
+        if (m_screen.Playing()) m_screen.Exit();
+    }
+    Game &EnterModel() {
+        if (!m_model.NewGame("Model").ok) Fail("cannot start a game without a window");
+        m_model.EnterDesktop();
+        return m_model.game();
+    }
+
+    Game &screenGame() { return m_screen.game(); }
+    int consoleRow() const { return m_consoleRow; }
+    const AppPaths &paths() const { return m_paths; }
+    PreferenceStore &preferences() { return m_preferences; }
+
+private:
+    [[noreturn]] static void Fail(const char *why) {
+        std::fprintf(stderr, "gui_bench: %s\n", why);
+        std::exit(1);
+    }
+
+    AppFolder m_folder;
+    AppPaths m_paths{m_folder.root()};
+    PreferenceStore m_preferences{m_folder.preferences()};
+    Random m_random{7};
+    QtHost m_host;
+    HeadlessHost m_headless;
+    PlaySession m_screen;
+    PlaySession m_model;
+    std::unique_ptr<DesktopWindow> m_desktop;
+    int m_consoleRow = 0;
+};
+
+int ElementsOnScreen(DesktopWindow &desktop) {
+    ToolView *tool = desktop.toolView(kBenchTag);
+    if (!tool) return 0;
+    int views = 0;
+    for (const int row : desktop.game().desk.TLinkRows())
+        if (tool->element(row)) ++views;
+    return views;
+}
+
+int ElementsLoaded(Game &game) {
+    const int box = ToolOpen(game, kBenchTag);
+    int controls = 0;
+    for (const int row : game.desk.TLinkRows())
+        if (const ElementControl *control = game.desk.Control(row); control && box && control->box == box) ++controls;
+    return controls;
+}
+
+// The first opening of the tool, its views made and the whole window painted, on a desktop
+// fresh from its first activation each time.
+void OpenToolOnScreen(benchmark::State &state, Stage &stage) {
+    PaintCounter counter;
+    int shown = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        DesktopWindow &desktop = stage.EnterOnScreen();
+        counter.Start();
+        state.ResumeTiming();
+        OpenT(stage.screenGame(), kBenchTool);
+        desktop.sync();
+        desktop.repaint();
+        state.PauseTiming();
+        counter.Stop();
+        shown = ElementsOnScreen(desktop);
+        state.ResumeTiming();
+    }
+    stage.LeaveScreen();
+    if (shown != kToolElements) state.SkipWithError("the tool's elements are not all on screen");
+    state.counters["elements"] = shown;
+    state.counters["paints"] = benchmark::Counter(static_cast<double>(counter.paints()),
+                                                  benchmark::Counter::kAvgIterations);
+}
+
+// The floor: the same opening on the model alone, no window anywhere.
+void OpenToolModel(benchmark::State &state, Stage &stage) {
+    int loaded = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        Game &game = stage.EnterModel();
+        state.ResumeTiming();
+        OpenT(game, kBenchTool);
+        state.PauseTiming();
+        loaded = ElementsLoaded(game);
+        state.ResumeTiming();
+    }
+    if (loaded != kToolElements) state.SkipWithError("the tool's elements were not all loaded");
+    state.counters["elements"] = loaded;
+}
+
+// The large console of the bench tool on screen with 100 rows printed, plain and coloured.
+QonsoleView *ConsoleOnScreen(Stage &stage) {
+    DesktopWindow &desktop = stage.EnterOnScreen();
+    Game &game = stage.screenGame();
+    OpenT(game, kBenchTool);
+    game.desk.message.visible = false;
+    const int row = stage.consoleRow();
+    QonsoleTable &table = game.desk.consoles;
+    const int column = ConsoleHistoryIndex(table, row);
+    static constexpr std::int32_t kColours[] = {kQonsoleRed, kQonsoleOrange, kQonsoleBlue, kQonsoleGreen};
+    for (int i = 1; i <= kQonsoleRows; ++i) {
+        const std::string text = "hop " + IntText(i) + "   62.118.40." + IntText(i) + "   relay" + IntText(i) + ".halvard.com";
+        if (i % 3 == 0) ColourPrint(table, column, text, kColours[i % 4]);
+        else PrintQonsole(table, row, text);
+    }
+    desktop.sync();
+    Settle();
+    ToolView *tool = desktop.toolView(kBenchTag);
+    return tool ? dynamic_cast<QonsoleView *>(tool->element(row)->widget()) : nullptr;
+}
+
+void RepaintConsole(benchmark::State &state, Stage &stage) {
+    QonsoleView *view = ConsoleOnScreen(stage);
+    if (!view) return state.SkipWithError("the console is not on screen");
+    for (auto _ : state) view->repaint();
+    state.counters["lines"] = static_cast<double>(QonsoleScreen(stage.screenGame().desk, stage.consoleRow()).size());
+    stage.LeaveScreen();
+}
+
+// The floor: the console's visible lines, ready as text and colour, drawn straight onto an
+// image of the console's size.
+void DrawConsoleLines(benchmark::State &state, Stage &stage) {
+    QonsoleView *view = ConsoleOnScreen(stage);
+    if (!view) return state.SkipWithError("the console is not on screen");
+    const ElementControl &control = *stage.screenGame().desk.Control(stage.consoleRow());
+    struct Line {
+        QString text;
+        QColor colour;
+        int y;
+    };
+    const QFont font = view->font();
+    const int ascent = QFontMetrics(font).ascent();
+    std::vector<Line> lines;
+    for (const QonsoleScreenLine &line : QonsoleScreen(stage.screenGame().desk, stage.consoleRow()))
+        lines.push_back({ToQString(line.text), ToQColor(line.colour.value_or(control.foreColor)), Px(line.top) + ascent});
+    const QColor back = ToQColor(control.backColor);
+    QImage image(view->size(), QImage::Format_ARGB32_Premultiplied);
+    stage.LeaveScreen();
+    for (auto _ : state) {
+        QPainter painter(&image);
+        painter.fillRect(image.rect(), back);
+        painter.setFont(font);
+        for (const Line &line : lines) {
+            painter.setPen(line.colour);
+            painter.drawText(QPoint(0, line.y), line.text);
+        }
+    }
+    state.counters["lines"] = static_cast<double>(lines.size());
+}
+
+double ProcessSeconds() {
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval &t) { return static_cast<double>(t.tv_sec) + t.tv_usec / 1e6; };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+struct IdleFigures {
+    double cpuPercent = -1;
+    double syncsPerSecond = 0;
+    double paintsPerSecond = 0;
+};
+
+// The unchanged demo game after its first activation, its desktop's timers running with a
+// counter and a flasher besides, left alone for a few seconds of wall time.
+void IdleDesktop(benchmark::State &state, Stage &stage, IdleFigures &figures) {
+    constexpr int kIdleMilliseconds = 3000;
+    QtHost host(stage.paths(), stage.preferences());
+    Random random(11);
+    PlaySession session(stage.paths(), host, random);
+    const std::string name = ProjectName(stage.paths());
+    host.SetProjectName(name);
+    session.OpenProject(name, WindowScreen());
+    if (!session.NewGame("Idle").ok) return state.SkipWithError("cannot start the demo game");
+    auto desktop = std::make_unique<DesktopWindow>(session, host);
+    desktop->resize(kWindowSize);
+    desktop->show();
+    desktop->enter();
+    desktop->run([](Game &game) {
+        RunStatement(game, "CREATE_VARIABLE [$benchcount] [100000]");
+        RunStatement(game, "QLOB_COUNTER [dawn] [showclock] [$benchcount] [50]");
+        RunStatement(game, "FLASH_ON [Mail] [listinbox] [500]");
+    });
+    Settle();
+    long long syncs = 0;
+    QObject::connect(&host, &QtHost::changed, [&syncs] { ++syncs; });
+    PaintCounter counter;
+    for (auto _ : state) {
+        QEventLoop loop;
+        QTimer::singleShot(kIdleMilliseconds, &loop, &QEventLoop::quit);
+        counter.Start();
+        const double before = ProcessSeconds();
+        loop.exec();
+        const double used = ProcessSeconds() - before;
+        counter.Stop();
+        const double seconds = kIdleMilliseconds / 1000.0;
+        figures = {100 * used / seconds, syncs / seconds, static_cast<double>(counter.paints()) / seconds};
+    }
+    state.counters["cpu_percent"] = figures.cpuPercent;
+    state.counters["syncs_per_s"] = figures.syncsPerSecond;
+    state.counters["paints_per_s"] = figures.paintsPerSecond;
+    desktop.reset();
+    session.Exit();
+}
+
+} // namespace
+} // namespace orrery
+
+int main(int argc, char **argv) {
+    using namespace orrery;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const int options = ReporterOptions(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    QApplication app(argc, argv);
+    {
+        Stage stage;
+        IdleFigures idle;
+        benchmark::RegisterBenchmark("BM_OpenToolOnScreen", [&](benchmark::State &s) { OpenToolOnScreen(s, stage); })
+            ->Unit(benchmark::kMillisecond)->Iterations(25);
+        benchmark::RegisterBenchmark("BM_OpenToolModel", [&](benchmark::State &s) { OpenToolModel(s, stage); })
+            ->Unit(benchmark::kMillisecond)->Iterations(100);
+        benchmark::RegisterBenchmark("BM_RepaintConsole", [&](benchmark::State &s) { RepaintConsole(s, stage); })
+            ->Unit(benchmark::kMicrosecond)->MinTime(0.3);
+        benchmark::RegisterBenchmark("BM_DrawConsoleLines", [&](benchmark::State &s) { DrawConsoleLines(s, stage); })
+            ->Unit(benchmark::kMicrosecond)->MinTime(0.3);
+        benchmark::RegisterBenchmark("BM_IdleDesktop", [&](benchmark::State &s) { IdleDesktop(s, stage, idle); })
+            ->Unit(benchmark::kMillisecond)->Iterations(1);
+        TimeKeepingReporter reporter(static_cast<benchmark::ConsoleReporter::OutputOptions>(options));
+        benchmark::RunSpecifiedBenchmarks(&reporter);
+        std::printf("\n");
+        PrintRatio(reporter, "open a tool of 150 elements: on screen / model", "BM_OpenToolOnScreen",
+                   "BM_OpenToolModel", 0);
+        if (const auto seconds = reporter.Seconds("BM_OpenToolOnScreen"))
+            std::printf("%-52s = %6.2f ms\n", "first opening of the tool on screen", *seconds * 1e3);
+        PrintRatio(reporter, "repaint a console of 100 rows / draw its lines", "BM_RepaintConsole",
+                   "BM_DrawConsoleLines", 0);
+        if (idle.cpuPercent >= 0)
+            std::printf("idle desktop: %.1f%% of one core (%.1f syncs/s, %.1f paints/s)\n", idle.cpuPercent,
+                        idle.syncsPerSecond, idle.paintsPerSecond);
+    }
+    benchmark::Shutdown();
+    return 0;
+}
