@@ -74,8 +74,11 @@ QPixmap LoadPicture(const fs::path &folder, std::string_view file) {
     if (name.empty() || name.find('/') != std::string_view::npos ||
         name.find('\\') != std::string_view::npos || name == "." || name == "..")
         return {};
+    // Pictures are read once: a paint asks again for every frame.
     static QHash<QString, QPixmap> cache;
     const std::string utf8 = Cp1252ToUtf8(name);
+    const QString asked = QString::fromStdString((folder / utf8).string());
+    if (auto found = cache.constFind(asked); found != cache.constEnd()) return *found;
     fs::path path = folder / utf8;
     std::error_code error;
     if (!fs::exists(path, error)) {
@@ -88,13 +91,10 @@ QPixmap LoadPicture(const fs::path &folder, std::string_view file) {
                 break;
             }
         }
-        if (path.empty()) return {};
     }
-    const QString key = QString::fromStdString(path.string());
-    if (auto found = cache.constFind(key); found != cache.constEnd()) return *found;
-    QPixmap picture(key);
-    cache.insert(key, picture);
+    // A picture that isn't there stays remembered as none.
+    QPixmap picture = path.empty() ? QPixmap() : QPixmap(QString::fromStdString(path.string()));
+    cache.insert(asked, picture);
     return picture;
 }
-
 } // namespace orrery
