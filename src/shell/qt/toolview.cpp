@@ -117,8 +117,9 @@ void ToolView::sync() {
     if (isVisible() != box.visible) setVisible(box.visible);
     // The chrome changes only with its caption or the panel's colour.
     const int c = chrome();
-    const std::string shown = (c ? game.desk.Chrome[static_cast<std::size_t>(c)].caption : std::string()) + "/" +
-                              std::to_string(box.backColor);
+    const ToolChrome *dress = c ? &game.desk.Chrome[static_cast<std::size_t>(c)] : nullptr;
+    const std::string shown = (dress ? dress->caption + (dress->exiterVisible ? "x" : "-") : std::string()) +
+                              "/" + std::to_string(box.backColor);
     if (shown != m_shown) {
         m_shown = shown;
         update();
@@ -131,8 +132,9 @@ void ToolView::paintEvent(QPaintEvent *) {
     const ProjectSettings &s = game.project.settings;
     painter.fillRect(rect(), ToQColor(game.desk.Box(m_box).backColor));
     const int c = chrome();
-    const std::string caption = c ? game.desk.Chrome[static_cast<std::size_t>(c)].caption : "";
-    PaintTitleBar(painter, QRect(0, 0, width(), TitleBarHeight()), s, m_desk.paths(), ToQString(caption), true);
+    const ToolChrome *dress = c ? &game.desk.Chrome[static_cast<std::size_t>(c)] : nullptr;
+    PaintTitleBar(painter, QRect(0, 0, width(), TitleBarHeight()), s, m_desk.paths(),
+                  ToQString(dress ? dress->caption : ""), dress && dress->exiterVisible);
     if (s.mytoolsborder) {
         const int w = std::max(1, Px(s.mytoolsborderwidth * 15));
         painter.setPen(QPen(ToQColor(s.mytoolsbordercolor), w));
@@ -172,8 +174,10 @@ void ToolView::mouseReleaseEvent(QMouseEvent *event) {
         m_desk.run([box = m_box](Game &game) { SetToolerSel(game, box, true); });
         return;
     }
-    if (event->button() == Qt::LeftButton && closeRect().contains(event->position().toPoint()))
-        if (const int c = chrome()) m_desk.run([c](Game &game) { UnloadBox(game, c); });
+    const int c = chrome();
+    if (c && event->button() == Qt::LeftButton && closeRect().contains(event->position().toPoint()) &&
+        m_desk.game().desk.Chrome[static_cast<std::size_t>(c)].exiterVisible)
+        m_desk.run([c](Game &game) { UnloadBox(game, c); });
 }
 
 // The side menu.

@@ -1,0 +1,153 @@
+// The desktop's windows under the player's mouse and keys: tools dragged and closed, locks
+// that keep a tool shut, statements that change what elements show, keys a message swallows,
+// and a console line that stops at its width.
+#include "guitest.h"
+
+#include "actions/game.h"
+#include "actions/statement.h"
+#include "foundation/preferences.h"
+#include "foundation/random.h"
+#include "session/playsession.h"
+#include "shell/qt/desktopwindow.h"
+#include "shell/qt/look.h"
+#include "shell/qt/qthost.h"
+#include "shell/qt/toolview.h"
+#include "shell/tools.h"
+
+#include <QListWidget>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace orrery::test {
+namespace {
+
+class DeskGui : public ::testing::Test {
+protected:
+    DeskGui()
+        : paths(CopyAppFolder(dir)), preferences(dir.path() / "prefs"), random(11), host(paths, preferences),
+          session(paths, host, random) {
+        session.OpenProject("Night Shift");
+        EXPECT_TRUE(session.NewGame("Cy").ok);
+        desktop = std::make_unique<DesktopWindow>(session, host);
+        desktop->resize(1280, 800);
+        desktop->show();
+        desktop->enter();
+        Run("$stage = RETURN_COMPLEX [0]"); // any statement; then the welcome closes
+        desktop->run([](Game &g) { g.desk.message.visible = false; });
+    }
+
+    Game &game() { return session.game(); }
+    void Run(const std::string &statement) {
+        desktop->run([&](Game &g) { RunStatement(g, statement); });
+    }
+    ToolView *Open(const std::string &tool) {
+        desktop->run([&](Game &g) { OpenT(g, tool); });
+        return desktop->toolView(NormTag(tool));
+    }
+    static std::string NormTag(std::string tool) {
+        for (char &c : tool) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        return tool;
+    }
+    QWidget *Element(ToolView *tool, const char *name) { return tool->findChild<QWidget *>(name); }
+    void Drag(QWidget *widget, QPoint from, QPoint by) {
+        QTest::mousePress(widget, Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, QPointF(from + by), widget->mapToGlobal(QPointF(from + by)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(widget, &move);
+        QTest::mouseRelease(widget, Qt::LeftButton, {}, from + by);
+    }
+
+    TempDir dir;
+    AppPaths paths;
+    PreferenceStore preferences;
+    Random random;
+    QtHost host;
+    PlaySession session;
+    std::unique_ptr<DesktopWindow> desktop;
+};
+
+TEST_F(DeskGui, ToolsDragByTheirTitleBarUnlessPinned) {
+    ToolView *tool = Open("Connector");
+    ASSERT_NE(tool, nullptr);
+    const ToolBox &box = game().desk.Box(tool->box());
+    const std::int32_t left = box.left, top = box.top;
+    Drag(tool, QPoint(60, 10), QPoint(50, 30));
+    // The model keeps where the player put it, to the pixel.
+    EXPECT_EQ(Px(box.left), Px(left) + 50);
+    EXPECT_EQ(Px(box.top), Px(top) + 30);
+    EXPECT_EQ(tool->pos(), QPoint(Px(box.left), Px(box.top)));
+    const std::int32_t dragged = box.left;
+
+    Run("WINDOW_DISABLE_MOVE [Connector]");
+    Drag(tool, QPoint(60, 10), QPoint(50, 30));
+    EXPECT_EQ(box.left, dragged);
+    // A press below the title bar never drags.
+    Run("WINDOW_ENABLE_MOVE [Connector]");
+    Drag(tool, QPoint(60, 100), QPoint(50, 30));
+    EXPECT_EQ(box.left, dragged);
+}
+
+TEST_F(DeskGui, TheCloseMarkHidesTheToolAndEmptiesItsTextBoxesUntilDisabled) {
+    ToolView *tool = Open("Connector");
+    QWidget *address = Element(tool, "textaddress");
+    QTest::mouseClick(address, Qt::LeftButton);
+    QTest::keyClicks(address, "gate.halvard.com");
+    QTest::mouseClick(tool, Qt::LeftButton, {}, tool->closeRect().center());
+    EXPECT_FALSE(game().desk.Box(tool->box()).visible);
+    EXPECT_FALSE(tool->isVisible());
+    EXPECT_EQ(game().desk.TLinkControl(game().desk.ElIndex("textaddress"))->text, "");
+
+    Open("Connector");
+    Run("CLOSE_DISABLE [Connector]");
+    QTest::mouseClick(tool, Qt::LeftButton, {}, tool->closeRect().center());
+    EXPECT_TRUE(tool->isVisible());
+}
+
+TEST_F(DeskGui, ALockedToolStaysShutAndStatementsShowOnElements) {
+    SideMenuView *side = desktop->sideMenu();
+    int cracker = 0;
+    for (std::size_t i = 1; i < game().desk.SideMenu.size(); ++i)
+        if (game().desk.SideMenu[i].caption == "Cracker") cracker = static_cast<int>(i);
+    QTest::mouseClick(side, Qt::LeftButton, {}, side->entryRect(cracker).center());
+    EXPECT_EQ(desktop->toolView("cracker"), nullptr);
+
+    ToolView *tool = Open("Connector");
+    Run("ELEMENT_HIDE [Connector] [labeladdress]");
+    EXPECT_FALSE(Element(tool, "labeladdress")->isVisible());
+    Run("LIST_ADD [listlog] [Connected to nowhere]");
+    auto *log = qobject_cast<QListWidget *>(Element(tool, "listlog"));
+    ASSERT_NE(log, nullptr);
+    EXPECT_EQ(log->item(log->count() - 1)->text(), "Connected to nowhere");
+}
+
+TEST_F(DeskGui, AnOpenMessageSwallowsTheNextKeyEscapeIncluded) {
+    Run("MESSAGE [Night Shift] [Still here?]");
+    ASSERT_TRUE(game().desk.message.visible);
+    QTest::keyClick(desktop.get(), Qt::Key_Escape);
+    EXPECT_FALSE(game().desk.message.visible);
+    EXPECT_FALSE(game().desk.exitRequested);
+}
+
+TEST_F(DeskGui, AConsoleLineStopsAtTheConsolesWidth) {
+    Run("MENU_LOCK_OFF [console]");
+    ToolView *tool = Open("Console");
+    QWidget *console = Element(tool, "qonsolemain");
+    QTest::mouseClick(console, Qt::LeftButton);
+    QTest::keyClicks(desktop.get(), QString(300, QLatin1Char('w')));
+    const std::string &line = game().desk.consoles.columns[1].line;
+    EXPECT_LT(line.size(), 300u);
+    // The last character went in while the line still fitted; the next one didn't.
+    const QFontMetrics metrics(console->font());
+    const int limit = console->width() - Px(480);
+    EXPECT_LE(metrics.horizontalAdvance(ToQString(" " + line.substr(0, line.size() - 1))), limit + 1);
+    EXPECT_GT(metrics.horizontalAdvance(ToQString(" " + line)), limit - 1);
+    // Backspace and Enter still work at the limit.
+    QTest::keyClick(desktop.get(), Qt::Key_Backspace);
+    EXPECT_EQ(game().desk.consoles.columns[1].line.size(), line.size());
+    QTest::keyClick(desktop.get(), Qt::Key_Return);
+    EXPECT_EQ(game().desk.consoles.columns[1].rows[99].rfind("Unknown Command"), std::string::npos);
+}
+
+} // namespace
+} // namespace orrery::test
