@@ -457,9 +457,8 @@ void IdleDesktop(benchmark::State &state, Stage &stage, IdleFigures &figures) {
 int main(int argc, char **argv) {
     using namespace orrery;
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const int options = ReporterOptions(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    const auto options = InitializeBenchmarks(argc, argv);
+    if (!options) return 1;
     QApplication app(argc, argv);
     {
         Stage stage;
@@ -484,8 +483,7 @@ int main(int argc, char **argv) {
                                      [&](benchmark::State &s) { IdleDesktop(s, stage, idle); })
             ->Unit(benchmark::kMillisecond)
             ->Iterations(1);
-        TimeKeepingReporter reporter(
-            static_cast<benchmark::ConsoleReporter::OutputOptions>(options));
+        TimeKeepingReporter reporter(*options);
         benchmark::RunSpecifiedBenchmarks(&reporter);
         std::printf("\n");
         PrintRatio(reporter, "open a tool of 150 elements: on screen / model",

@@ -156,10 +156,9 @@ BENCHMARK(BM_RandomExistingIp)->Arg(100)->Arg(10000);
 
 int main(int argc, char **argv) {
     using namespace orrery;
-    const int options = ReporterOptions(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    TimeKeepingReporter reporter(static_cast<benchmark::ConsoleReporter::OutputOptions>(options));
+    const auto options = InitializeBenchmarks(argc, argv);
+    if (!options) return 1;
+    TimeKeepingReporter reporter(*options);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\n");
     PrintRatio(reporter, "generate world (10000) / raw write of its files", "BM_GenerateWorld",

@@ -250,10 +250,8 @@ BENCHMARK(BM_BuildProjectText)->Unit(benchmark::kMillisecond)->MinTime(0.5);
 
 int main(int argc, char **argv) {
     using namespace orrery;
-    const int options = ReporterOptions(argc, argv);
-
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    const auto options = InitializeBenchmarks(argc, argv);
+    if (!options) return 1;
 
     Setup setup;
     g_setup = &setup;
@@ -262,8 +260,7 @@ int main(int argc, char **argv) {
     if (ready) {
         std::printf("project file: %zu bytes, %zu lines; scrambled: %zu bytes\n",
                     setup.bytes.size(), setup.lines, setup.scrambledBytes.size());
-        TimeKeepingReporter reporter(
-            static_cast<benchmark::ConsoleReporter::OutputOptions>(options));
+        TimeKeepingReporter reporter(*options);
         benchmark::RunSpecifiedBenchmarks(&reporter);
         std::printf("\n");
         PrintRatio(reporter, "load / (raw read + split lines)", "BM_LoadProject",

@@ -45,7 +45,7 @@ void PrintRatio(const TimeKeepingReporter &times, const char *what, const char *
     std::printf("\n");
 }
 
-int ReporterOptions(int argc, char **argv) {
+std::optional<benchmark::ConsoleReporter::OutputOptions> InitializeBenchmarks(int &argc, char **argv) {
     int options = benchmark::ConsoleReporter::OO_None;
     for (int i = 1; i < argc; ++i) {
         const std::string_view arg = argv[i];
@@ -53,7 +53,9 @@ int ReporterOptions(int argc, char **argv) {
             options |= benchmark::ConsoleReporter::OO_Tabular;
     }
     if (::isatty(STDOUT_FILENO)) options |= benchmark::ConsoleReporter::OO_Color;
-    return options;
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return std::nullopt;
+    return static_cast<benchmark::ConsoleReporter::OutputOptions>(options);
 }
 
 } // namespace orrery

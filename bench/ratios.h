@@ -30,7 +30,9 @@ private:
 void PrintRatio(const TimeKeepingReporter &times, const char *what, const char *measured,
                 const char *floor, double aim);
 
-// The console options the command line asks for: tabular counters, colour on a terminal.
-int ReporterOptions(int argc, char **argv);
+// Reads the benchmark flags of the command line and returns the console options it asks
+// for (tabular counters, colour on a terminal); nullopt, after saying so, when an argument is
+// unknown.
+std::optional<benchmark::ConsoleReporter::OutputOptions> InitializeBenchmarks(int &argc, char **argv);
 
 } // namespace orrery

@@ -64,21 +64,8 @@ std::string WalkedElementNames(Game &game, std::string text) {
 
 std::string WalkedExpandSpecials(Game &game, std::string_view argument) {
     if (IsBlank(argument)) return {};
-    std::string text(argument);
-    const auto replace = [&text](std::string_view name, const std::string &value) {
-        text = ReplaceAll(text, name, value);
-    };
-    replace("$playername", Trim(game.PlayerName));
-    replace("$randomname", Trim(game.words.RandomFullName(game.random)));
-    replace("$randomshortname", Trim(game.words.RandomShortName(game.random)));
-    replace("$randompassword", NormText(game.words.RandomShortName(game.random)));
-    replace("$realip", Trim(game.world.RandomExistingIp(game.random)));
-    replace("$randomip", Trim(RandomIp(game)));
-    replace("$randomshortword", Trim(game.words.RandomShortWord(game.random)));
-    replace("$randomaverageword", Trim(game.words.RandomAverageWord(game.random)));
-    replace("$randomlongword", Trim(game.words.RandomLongWord(game.random)));
-    for (int n : {2, 4, 9, 25, 100, 1000}) replace("$random" + IntText(n), RandomUpTo(game, n));
-    replace("(?)", "(" + Trim(game.CurrentArrayIndex) + ")");
+    // The special names are one fixed list, the same in both passes.
+    std::string text = ExpandSpecialNames(game, std::string(argument));
     text = ReplaceAll(text, "_$", "$");
     if (HasParens(text)) {
         const std::size_t open = text.find('('), close = text.find(')');
@@ -275,14 +262,13 @@ BENCHMARK(BM_ReturnComplexSequence)->Arg(0)->Arg(250);
 
 int main(int argc, char **argv) {
     using namespace orrery;
-    const int options = ReporterOptions(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    const auto options = InitializeBenchmarks(argc, argv);
+    if (!options) return 1;
     for (int variables : {20, 2000, 250})
         if (!SameTexts(variables)) return 1;
     std::printf("indexed and walked passes agree on %zu arguments at 20, 250 and 2000 variables\n",
                 Arguments().size());
-    TimeKeepingReporter reporter(static_cast<benchmark::ConsoleReporter::OutputOptions>(options));
+    TimeKeepingReporter reporter(*options);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     std::printf("\n");
     PrintRatio(reporter, "ExpandSpecials, 2000 and 1499 / 20 and 20", "BM_ExpandSpecials/2000",

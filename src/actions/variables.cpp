@@ -44,25 +44,6 @@ std::string WithIndexSubstituted(Game &game, const std::string &text) {
            text.substr(close + 1);
 }
 
-std::string Specials(Game &game, std::string text) {
-    const auto replace = [&text](std::string_view name, const std::string &value) {
-        text = ReplaceAll(text, name, value);
-    };
-    // Every value is drawn whether the text holds its name or not; the order binds, so
-    // "$random2" takes the front of "$random25".
-    replace("$playername", Trim(game.PlayerName));
-    replace("$randomname", Trim(game.words.RandomFullName(game.random)));
-    replace("$randomshortname", Trim(game.words.RandomShortName(game.random)));
-    replace("$randompassword", NormText(game.words.RandomShortName(game.random)));
-    replace("$realip", Trim(game.world.RandomExistingIp(game.random)));
-    replace("$randomip", Trim(RandomIp(game)));
-    replace("$randomshortword", Trim(game.words.RandomShortWord(game.random)));
-    replace("$randomaverageword", Trim(game.words.RandomAverageWord(game.random)));
-    replace("$randomlongword", Trim(game.words.RandomLongWord(game.random)));
-    for (int n : {2, 4, 9, 25, 100, 1000}) replace("$random" + IntText(n), RandomUpTo(game, n));
-    replace("(?)", "(" + Trim(game.CurrentArrayIndex) + ")");
-    return text;
-}
 
 // Names of loaded elements, in load order, replaced by their content.
 std::string ElementNames(Game &game, std::string text) {
@@ -82,9 +63,29 @@ std::string ParenText(std::string_view text) {
                                                                       : close - open - 1));
 }
 
+std::string ExpandSpecialNames(Game &game, std::string text) {
+    const auto replace = [&text](std::string_view name, const std::string &value) {
+        text = ReplaceAll(text, name, value);
+    };
+    // Every value is drawn whether the text holds its name or not; the order binds, so
+    // "$random2" takes the front of "$random25".
+    replace("$playername", Trim(game.PlayerName));
+    replace("$randomname", Trim(game.words.RandomFullName(game.random)));
+    replace("$randomshortname", Trim(game.words.RandomShortName(game.random)));
+    replace("$randompassword", NormText(game.words.RandomShortName(game.random)));
+    replace("$realip", Trim(game.world.RandomExistingIp(game.random)));
+    replace("$randomip", Trim(RandomIp(game)));
+    replace("$randomshortword", Trim(game.words.RandomShortWord(game.random)));
+    replace("$randomaverageword", Trim(game.words.RandomAverageWord(game.random)));
+    replace("$randomlongword", Trim(game.words.RandomLongWord(game.random)));
+    for (int n : {2, 4, 9, 25, 100, 1000}) replace("$random" + IntText(n), RandomUpTo(game, n));
+    replace("(?)", "(" + Trim(game.CurrentArrayIndex) + ")");
+    return text;
+}
+
 std::string ExpandSpecials(Game &game, std::string_view text) {
     if (IsBlank(text)) return {};
-    std::string expanded = Specials(game, std::string(text));
+    std::string expanded = ExpandSpecialNames(game, std::string(text));
     expanded = ReplaceAll(expanded, "_$", "$");
     expanded = WithIndexSubstituted(game, expanded);
     expanded = SubstituteVariables(game, expanded);

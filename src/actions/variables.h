@@ -11,6 +11,9 @@ struct Game;
 // The full substitution: specials in their binding order, "_$", the index in parentheses,
 // user variables, then the names of loaded elements by their content. "" for a blank text.
 std::string ExpandSpecials(Game &game, std::string_view text);
+// The first pass of ExpandSpecials: the special names ("$playername", "$random25"...) in
+// their binding order, each value drawn whether the text holds its name or not.
+std::string ExpandSpecialNames(Game &game, std::string text);
 // User variables only, longest names first, each replacement open to later names.
 std::string SubstituteVariables(Game &game, std::string_view text);
 // Substitutes only the text within the first parentheses: "$slot($i)" by the value of $i.

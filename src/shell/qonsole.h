@@ -126,6 +126,7 @@ struct QonsoleScreenLine {
     std::string text;
     std::optional<std::int32_t> colour;
     std::int32_t top = 0;
+    bool operator==(const QonsoleScreenLine &) const = default;
 };
 // The lines of the console of an element row: the newest rows that fit above the input line,
 // then the input line with its caret "_". Nothing for an element without a console.

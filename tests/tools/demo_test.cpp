@@ -27,6 +27,17 @@ ToolRun Orrery(const std::vector<std::string> &args, const std::string &input = 
     return {code, out.str(), err.str()};
 }
 
+// An application folder with the demo game and the world the build generates for it.
+bool MakeDemoApp(const fs::path &root) {
+    const fs::path data = root / "Data";
+    fs::create_directories(data / "night shift");
+    for (const char *file : {"names.dat", "words.dat", "pname.dat", "night shift/settings.dat"})
+        fs::copy_file(kContent / file, data / file);
+    const ToolRun generated = Orrery({"generate", root.string(), "Night Shift"});
+    EXPECT_EQ(generated.code, 0) << generated.err;
+    return generated.code == 0;
+}
+
 // The trailing (or leading) run of "$name=value" lines: what "show vars" printed last (first).
 std::string VariableBlock(const std::string &output, bool trailing) {
     std::vector<std::string> lines;
@@ -45,13 +56,8 @@ std::string VariableBlock(const std::string &output, bool trailing) {
 
 TEST(DemoGame, PlaysFromANewProfileToSunriseAndLoadsBack) {
     test::TempDir dir;
-    const fs::path data = dir.path() / "Data";
-    fs::create_directories(data / "night shift");
-    for (const char *file : {"names.dat", "words.dat", "pname.dat", "night shift/settings.dat"})
-        fs::copy_file(kContent / file, data / file);
     const std::string app = dir.path().string();
-    const ToolRun generated = Orrery({"generate", app, "Night Shift"});
-    ASSERT_EQ(generated.code, 0) << generated.err;
+    ASSERT_TRUE(MakeDemoApp(dir.path()));
 
     const std::string script = (kTestData / "demo" / "playthrough.txt").string();
     const ToolRun night =
@@ -120,12 +126,8 @@ namespace {
 // Escape leaves the desktop through ExitMe, which saves; EXIT_GAME closes it without a save.
 TEST(DemoGame, TheDesktopEndsTheGameWithOrWithoutASave) {
     test::TempDir dir;
-    const fs::path data = dir.path() / "Data";
-    fs::create_directories(data / "night shift");
-    for (const char *file : {"names.dat", "words.dat", "pname.dat", "night shift/settings.dat"})
-        fs::copy_file(kContent / file, data / file);
     const std::string app = dir.path().string();
-    ASSERT_EQ(Orrery({"generate", app, "Night Shift"}).code, 0);
+    ASSERT_TRUE(MakeDemoApp(dir.path()));
     const auto play = [&](const char *mode, const std::string &script) {
         return Orrery({"play", app, "Night Shift", "--player", "Bo", mode}, script);
     };

@@ -87,9 +87,10 @@ void DesktopWindow::showQuickMenu(const QPoint &globalPos) {
     m_quickMenu->popup(globalPos);
 }
 
-ToolView *DesktopWindow::toolView(const std::string &tag) const {
+ToolView *DesktopWindow::toolView(const std::string &tag) {
+    if (!m_session.Playing()) return nullptr;
     for (const auto &[box, view] : m_tools)
-        if (m_session.Playing() && const_cast<PlaySession &>(m_session).game().desk.Box(box).tag == tag) return view;
+        if (game().desk.Box(box).tag == tag) return view;
     return nullptr;
 }
 
@@ -123,16 +124,20 @@ void DesktopWindow::sync() {
     m_topList->sync();
     m_message->sync();
     m_debug->sync();
-    // Keyboard focus follows the model's focused text box.
-    if (desk.focusRow > 0 && desk.consoles.focus == 0) {
-        if (const ElementControl *control = desk.Control(desk.focusRow); control && control->kind == ElementKind::Text)
-            if (const auto tool = m_tools.find(control->box); tool != m_tools.end())
-                if (ElementView *view = tool->second->element(desk.focusRow); view && !view->widget()->hasFocus() &&
-                                                                                view->widget()->isVisible() &&
-                                                                                QApplication::focusWidget() != view->widget())
-                    if (!qobject_cast<TextView *>(QApplication::focusWidget())) view->widget()->setFocus();
-    }
+    followFocus();
     checkLeave();
+}
+
+// Keyboard focus follows the model's focused text box, unless the player is in a text box.
+void DesktopWindow::followFocus() {
+    const Desk &desk = game().desk;
+    if (desk.focusRow <= 0 || desk.consoles.focus != 0) return;
+    if (qobject_cast<TextView *>(QApplication::focusWidget())) return;
+    const ElementControl *control = desk.Control(desk.focusRow);
+    if (!control || control->kind != ElementKind::Text) return;
+    const auto tool = m_tools.find(control->box);
+    ElementView *view = tool == m_tools.end() ? nullptr : tool->second->element(desk.focusRow);
+    if (view && view->widget()->isVisible()) view->widget()->setFocus();
 }
 
 void DesktopWindow::restack() {

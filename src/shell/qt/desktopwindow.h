@@ -44,7 +44,7 @@ public:
     void showQuickMenu(const QPoint &globalPos) override;
 
     // The views, for tests and the benchmarks.
-    ToolView *toolView(const std::string &tag) const;
+    ToolView *toolView(const std::string &tag);
     SideMenuView *sideMenu() const { return m_side; }
     TopMenuBar *topMenuBar() const { return m_topBar; }
     TopMenuList *topMenuList() const { return m_topList; }
@@ -67,6 +67,7 @@ protected:
 private:
     bool handleKey(QKeyEvent *event);
     void restack();
+    void followFocus();
     void checkLeave();
 
     PlaySession &m_session;

@@ -67,6 +67,15 @@ void ElementView::sync(const ElementControl &control) {
     if (w->isVisible() != control.visible) w->setVisible(control.visible);
 }
 
+void ElementView::pressTool(bool takeFocus) {
+    m_desk.run([row = m_row, takeFocus](Game &game) {
+        const ElementControl *control = game.desk.Control(row);
+        if (!control) return;
+        if (takeFocus) game.desk.focusRow = row;
+        ToolPress(game, control->box);
+    });
+}
+
 ElementView *MakeElementView(DeskInput &desk, int row, const ElementControl &control, QWidget *panel) {
     switch (control.kind) {
     case ElementKind::Label: return new LabelView(desk, row, panel);
@@ -120,9 +129,7 @@ void LabelView::mousePressEvent(QMouseEvent *event) {
         m_desk.showQuickMenu(event->globalPosition().toPoint());
         return;
     }
-    m_desk.run([row = m_row](Game &game) {
-        if (const ElementControl *control = game.desk.Control(row)) ToolPress(game, control->box);
-    });
+    pressTool();
 }
 
 void LabelView::mouseMoveEvent(QMouseEvent *) {
@@ -170,15 +177,8 @@ TextView::TextView(DeskInput &desk, int row, QWidget *parent)
 void TextView::pushText() {
     if (!m_desk.playing()) return;
     if (ElementControl *control = m_desk.game().desk.Control(m_row)) {
-        std::string text = FromQString(toPlainText());
         // The model keeps the line breaks of the system's text.
-        std::string out;
-        out.reserve(text.size());
-        for (char c : text) {
-            if (c == '\n') out += "\r\n";
-            else out += c;
-        }
-        control->text = std::move(out);
+        control->text = ReplaceAll(FromQString(toPlainText()), "\n", "\r\n");
     }
     pushSelection();
 }
@@ -237,10 +237,7 @@ void TextView::focusInEvent(QFocusEvent *event) {
 }
 
 void TextView::mousePressEvent(QMouseEvent *event) {
-    m_desk.run([row = m_row](Game &game) {
-        game.desk.focusRow = row;
-        if (const ElementControl *control = game.desk.Control(row)) ToolPress(game, control->box);
-    });
+    pressTool(true);
     QPlainTextEdit::mousePressEvent(event);
 }
 
@@ -266,6 +263,7 @@ void ListView::sync(const ElementControl &control) {
 void ListView::mousePressEvent(QMouseEvent *event) {
     QListWidget::mousePressEvent(event);
     const int index = currentRow();
+    // The press and the choice of item in one pass, so the list never shows the old item.
     m_desk.run([row = m_row, index](Game &game) {
         ElementControl *control = game.desk.Control(row);
         if (!control) return;
@@ -308,9 +306,7 @@ void ImageView::paintEvent(QPaintEvent *) {
 }
 
 void ImageView::mousePressEvent(QMouseEvent *event) {
-    m_desk.run([row = m_row](Game &game) {
-        if (const ElementControl *control = game.desk.Control(row)) ToolPress(game, control->box);
-    });
+    pressTool();
     if (event->button() != Qt::LeftButton) return;
     m_pressed = !IsBlank(m_desk.game().project.Element(m_row)[kActionColumn]);
     update();
@@ -333,13 +329,13 @@ QonsoleView::QonsoleView(DeskInput &desk, int row, QWidget *parent) : QWidget(pa
 void QonsoleView::sync(const ElementControl &control) {
     ElementView::sync(control);
     const QColor fore = ToQColor(control.foreColor), back = ToQColor(control.backColor);
-    std::vector<std::string> shown;
-    for (const QonsoleScreenLine &line : QonsoleScreen(m_desk.game().desk, m_row)) shown.push_back(line.text);
-    shown.push_back(m_desk.game().desk.consoles.focus == m_row ? "focus" : "");
-    if (fore != m_fore || back != m_back || shown != m_shown) {
+    std::vector<QonsoleScreenLine> lines = QonsoleScreen(m_desk.game().desk, m_row);
+    const bool focused = m_desk.game().desk.consoles.focus == m_row;
+    if (fore != m_fore || back != m_back || lines != m_lines || focused != m_focused) {
         m_fore = fore;
         m_back = back;
-        m_shown = std::move(shown);
+        m_lines = std::move(lines);
+        m_focused = focused;
         update();
     }
 }
@@ -349,13 +345,12 @@ void QonsoleView::paintEvent(QPaintEvent *) {
     painter.fillRect(rect(), m_back);
     painter.setFont(font());
     const QFontMetrics metrics(font());
-    const Game &game = m_desk.game();
-    for (const QonsoleScreenLine &line : QonsoleScreen(game.desk, m_row)) {
+    for (const QonsoleScreenLine &line : m_lines) {
         painter.setPen(line.colour ? ToQColor(*line.colour) : m_fore);
         painter.drawText(QPoint(0, Px(line.top) + metrics.ascent()), ToQString(line.text));
     }
     // The console that has the keys wears a frame of its own colour.
-    if (game.desk.consoles.focus == m_row) {
+    if (m_focused) {
         QColor frame = m_fore;
         frame.setAlpha(110);
         painter.setPen(frame);

@@ -25,6 +25,9 @@ public:
     int row() const { return m_row; }
 
 protected:
+    // A press on the element: the consoles lose the keys and its tool comes to the front; a
+    // text box or a list also takes the focus.
+    void pressTool(bool takeFocus = false);
     DeskInput &m_desk;
     int m_row;
 };
@@ -124,7 +127,8 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
-    std::vector<std::string> m_shown; // what was painted last, to repaint only on a change
+    std::vector<QonsoleScreenLine> m_lines; // what is painted, as the last sync found it
+    bool m_focused = false;
     QColor m_fore, m_back;
 };
 

@@ -1,5 +1,4 @@
 // The run-time: plays the game that Data/pname.dat names, from the splash to the menu's Exit.
-#include "shell/qt/look.h"
 #include "shell/qt/runtime.h"
 
 #include <QApplication>
@@ -9,7 +8,6 @@ int main(int argc, char **argv) {
     QApplication::setApplicationName("Orrery Kit");
     const orrery::AppPaths paths(
         orrery::Runtime::FindRoot(std::filesystem::path(QCoreApplication::applicationFilePath().toStdString())));
-    orrery::InstallFonts(paths.FontsPath());
     orrery::Runtime runtime(paths, orrery::PreferenceStore(orrery::PreferenceStore::DefaultFolder()));
     QObject::connect(&runtime, &orrery::Runtime::finished, &app, &QApplication::quit, Qt::QueuedConnection);
     runtime.start();
