@@ -1,4 +1,4 @@
-// Opening a web address in the user's browser.
+// The web addresses that may be handed to the user's browser.
 #pragma once
 
 #include <optional>
@@ -11,9 +11,5 @@ namespace orrery {
 // scheme; only web and mail addresses pass, so that a project's text can't open a local file
 // or pass an option to the opener.
 std::optional<std::string> BrowserUrl(std::string_view text);
-
-// Opens the address with the desktop's opener (xdg-open) without waiting for it.
-// False when the address doesn't pass or the opener can't start.
-bool OpenInBrowser(std::string_view text);
 
 } // namespace orrery

@@ -59,6 +59,8 @@ void DesktopKey(Game &game, int keyCode, bool shift) {
         desk.message.visible = false;
         return;
     }
+    // Escape with a drop-down of the top menu open closes the drop-down only.
+    if (keyCode == Key::Escape && desk.topMenuListVisible) return SelMenu(game, kNoMenu);
     if (keyCode == Key::Escape) desk.exitRequested = true;
     if (keyCode == Key::F1) ToggleHelp(desk);
     if (keyCode == Key::F9) desk.topMenuVisible = !desk.topMenuVisible;

@@ -35,7 +35,7 @@ void LoadDesktop(Game &game);
 void FirstActivate(Game &game, const std::function<void()> &loadProfile);
 
 // A key on the desktop. Any key closes an open message panel and does nothing else; Escape
-// leaves the game; F1, F9, F10 and F11 toggle panels; other keys go to the focused console.
+// closes an open drop-down of the top menu, else leaves the game; F1, F9, F10 and F11 toggle panels; other keys go to the focused console.
 void DesktopKey(Game &game, int keyCode, bool shift);
 
 // A move of the mouse over the desktop or a tool takes the keys away from the console.

@@ -200,6 +200,10 @@ void TopMenuList::leaveEvent(QEvent *) {
     update();
 }
 
+// The press is the list's own: on the desktop below, it would close the list before the
+// release could choose an entry.
+void TopMenuList::mousePressEvent(QMouseEvent *event) { event->accept(); }
+
 void TopMenuList::mouseReleaseEvent(QMouseEvent *event) {
     const Desk &desk = m_desk.game().desk;
     for (int i = 1; i < static_cast<int>(desk.TopMenuList.size()); ++i)

@@ -13,6 +13,7 @@
 #include "shell/qt/toolview.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
@@ -150,6 +151,17 @@ void DesktopWindow::restack() {
     for (QWidget *panel : std::initializer_list<QWidget *>{m_help, m_quicklist, m_topBar, m_clock, m_topList,
                                                           m_message, m_debug})
         panel->raise();
+}
+
+void DesktopWindow::requestLeave() {
+    run([](Game &g) { g.desk.exitRequested = true; });
+}
+
+void DesktopWindow::closeEvent(QCloseEvent *event) {
+    // The window manager's close is the player's Escape: the game is left, never dropped.
+    if (!playing()) return QWidget::closeEvent(event);
+    event->ignore();
+    requestLeave();
 }
 
 void DesktopWindow::checkLeave() {

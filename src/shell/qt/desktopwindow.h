@@ -52,6 +52,8 @@ public:
     QMenu *quickMenu() const { return m_quickMenu; }
     // Brings every view up to the model.
     void sync();
+    // Leaves the game as Escape does, saving the profile; the owner is told by leaveRequested.
+    void requestLeave();
 
 signals:
     // The game asked to leave: ExitMe or EXIT_GAME. The owner ends it.
@@ -63,6 +65,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
 
 private:
     bool handleKey(QKeyEvent *event);

@@ -15,8 +15,10 @@
 #include "shell/qt/splash.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QMessageBox>
 #include <QScreen>
+#include <QUrl>
 
 #include <system_error>
 
@@ -122,7 +124,22 @@ void Runtime::leaveDesktop() {
     m_session.EndIfAsked(saved);
     if (m_desktop) m_desktop->deleteLater();
     m_desktop = nullptr;
+    if (m_quitting) return exit();
     if (m_menu) present(m_menu);
+}
+
+void Runtime::quit() {
+    if (m_quitting) return;
+    m_quitting = true;
+    // Windows over the desktop or the menu are closed as their Cancel would.
+    for (int guard = 0; guard < 16; ++guard) {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (!modal) break;
+        modal->close();
+    }
+    // A game in play leaves as Escape leaves it, saving the profile; then the menu goes.
+    if (m_desktop && m_desktop->playing()) return m_desktop->requestLeave();
+    if (!m_desktop) exit();
 }
 
 void Runtime::openOptions() {
@@ -143,8 +160,10 @@ void Runtime::openCredits() {
 }
 
 void Runtime::openWebsite() {
-    // Choosing the website quits the game.
-    OpenInBrowser(kWebsite);
+    // The page opens through the desktop's own service, and choosing it quits the game; when
+    // nothing can open it, the game says nothing and goes on.
+    const auto url = BrowserUrl(kWebsite);
+    if (!url || !QDesktopServices::openUrl(QUrl(QString::fromStdString(*url)))) return;
     exit();
 }
 

@@ -30,6 +30,9 @@ public:
 
     // Shows the splash; the menu follows it.
     void start();
+    // Ends the program as a player would: a game in play is left with its profile saved, then
+    // the menu closes. For the window manager's close and the termination signals.
+    void quit();
     // The application folder of a run-time at program: its own folder when a Data/pname.dat
     // stands beside it, else the folder above (the build keeps it as Data/runner).
     static std::filesystem::path FindRoot(const std::filesystem::path &program);
@@ -66,6 +69,7 @@ private:
     QPointer<MenuWindow> m_menu;
     QPointer<DesktopWindow> m_desktop;
     bool m_quiet = false;
+    bool m_quitting = false;
     QSize m_windowSize;
     void present(QWidget *window);
 };

@@ -1,4 +1,5 @@
 // The run-time: plays the game that Data/pname.dat names, from the splash to the menu's Exit.
+#include "shell/qt/quitsignals.h"
 #include "shell/qt/runtime.h"
 
 #include <QApplication>
@@ -10,6 +11,9 @@ int main(int argc, char **argv) {
         orrery::Runtime::FindRoot(std::filesystem::path(QCoreApplication::applicationFilePath().toStdString())));
     orrery::Runtime runtime(paths, orrery::PreferenceStore(orrery::PreferenceStore::DefaultFolder()));
     QObject::connect(&runtime, &orrery::Runtime::finished, &app, &QApplication::quit, Qt::QueuedConnection);
+    // Told to stop, the run-time leaves a game as the player would, saving it.
+    orrery::QuitSignals stopSignals;
+    QObject::connect(&stopSignals, &orrery::QuitSignals::arrived, &runtime, &orrery::Runtime::quit);
     runtime.start();
     return app.exec();
 }

@@ -8,6 +8,7 @@
 #include "foundation/preferences.h"
 #include "foundation/random.h"
 #include "session/playsession.h"
+#include "shell/qt/deskpanels.h"
 #include "shell/qt/desktopwindow.h"
 #include "shell/qt/look.h"
 #include "shell/qt/qthost.h"
@@ -127,6 +128,33 @@ TEST_F(DeskGui, AnOpenMessageSwallowsTheNextKeyEscapeIncluded) {
     QTest::keyClick(desktop.get(), Qt::Key_Escape);
     EXPECT_FALSE(game().desk.message.visible);
     EXPECT_FALSE(game().desk.exitRequested);
+}
+
+TEST_F(DeskGui, TheTopMenuChoosesOnReleaseAndEscapeClosesOnlyItsDropDown) {
+    TopMenuBar *bar = desktop->topMenuBar();
+    TopMenuList *list = desktop->topMenuList();
+    auto openFile = [&] {
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->entryRect(1).center());
+        ASSERT_TRUE(game().desk.topMenuListVisible);
+    };
+    openFile();
+    QTest::keyClick(desktop.get(), Qt::Key_Escape);
+    EXPECT_FALSE(game().desk.topMenuListVisible);
+    EXPECT_FALSE(game().desk.exitRequested);
+
+    // The press on an entry keeps the list open; the release carries the entry out.
+    desktop->run([](Game &g) { g.desk.help.visible = false; });
+    openFile();
+    int showHelp = 0;
+    for (std::size_t i = 1; i < game().desk.TopMenuList.size(); ++i)
+        if (game().desk.TopMenuList[i].word == "help") showHelp = static_cast<int>(i);
+    ASSERT_GT(showHelp, 0);
+    const QPoint at = list->entryRect(showHelp).center();
+    QTest::mousePress(list, Qt::LeftButton, {}, at);
+    EXPECT_TRUE(game().desk.topMenuListVisible);
+    QTest::mouseRelease(list, Qt::LeftButton, {}, at);
+    EXPECT_TRUE(game().desk.help.visible);
+    EXPECT_FALSE(game().desk.topMenuListVisible);
 }
 
 TEST_F(DeskGui, AConsoleLineStopsAtTheConsolesWidth) {

@@ -15,7 +15,12 @@
 #include "shell/qt/runtime.h"
 #include "shell/qt/toolview.h"
 
+#include "platform/headless.h"
+#include "session/playsession.h"
+#include "shell/qt/quitsignals.h"
+
 #include <QAbstractButton>
+#include <QDesktopServices>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalSpy>
@@ -23,7 +28,19 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace orrery::test {
+
+// Stands in for the browser: keeps the pages it was asked to open.
+class UrlCatcher : public QObject {
+    Q_OBJECT
+public:
+    QStringList opened;
+public slots:
+    void open(const QUrl &url) { opened << url.toString(); }
+};
+
 namespace {
 
 class RunnerGui : public ::testing::Test {
@@ -203,6 +220,62 @@ TEST_F(RunnerGui, PlaysFromMenuToDesktopAndBack) {
     EXPECT_EQ(finished.count(), 1);
 }
 
+// What a game holds after it was left, read back without a display.
+std::string SavedVariable(const AppPaths &paths, const std::string &player, const std::string &name) {
+    HeadlessHost host;
+    Random random(3);
+    PlaySession session(paths, host, random);
+    session.OpenProject("Night Shift");
+    if (!session.LoadGame(player).ok || !session.EnterDesktop().ok) return "<unreadable>";
+    return GetVariable(session.game(), name);
+}
+
+TEST_F(RunnerGui, ClosingTheWindowOrATerminationSignalSavesTheGame) {
+    QuitSignals stopSignals;
+    QObject::connect(&stopSignals, &QuitSignals::arrived, &runtime, &Runtime::quit);
+    QSignalSpy finished(&runtime, &Runtime::finished);
+    runtime.start();
+    ASSERT_TRUE(WaitFor([&] { return runtime.menu() && runtime.menu()->isVisible(); }));
+    StartFromMenu(1, [](ProfileDialog *dialog) {
+        dialog->findChild<QLineEdit *>("Text1")->setText("Cy");
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>("ARButton1"), Qt::LeftButton);
+    });
+    desktop()->run([](Game &g) { RunStatement(g, "$note = RETURN_COMPLEX [closed]"); });
+    // The window manager's close goes back to the menu, as Escape does.
+    desktop()->close();
+    ASSERT_TRUE(WaitFor([&] { return !desktop() && runtime.menu()->isVisible(); }));
+    EXPECT_EQ(finished.count(), 0);
+    EXPECT_EQ(SavedVariable(AppPaths(root), "Cy", "$note"), "closed");
+
+    StartFromMenu(2, [](ProfileDialog *dialog) {
+        dialog->findChild<QListWidget *>("List1")->setCurrentRow(0);
+        QTest::mouseClick(dialog->findChild<QAbstractButton *>("ARButton1"), Qt::LeftButton);
+    });
+    desktop()->run([](Game &g) { RunStatement(g, "$note = RETURN_COMPLEX [terminated]"); });
+    std::raise(SIGTERM);
+    ASSERT_TRUE(WaitFor([&] { return finished.count() == 1; }));
+    EXPECT_EQ(SavedVariable(AppPaths(root), "Cy", "$note"), "terminated");
+}
+
+TEST_F(RunnerGui, TheWebsiteQuitsOnlyWhenItOpens) {
+    runtime.start();
+    ASSERT_TRUE(WaitFor([&] { return runtime.menu() && runtime.menu()->isVisible(); }));
+    QSignalSpy finished(&runtime, &Runtime::finished);
+    const QPoint emblem = runtime.menu()->picture1Rect().center();
+    // Nothing opens web pages here: the game goes on.
+    QTest::mouseClick(runtime.menu(), Qt::LeftButton, {}, emblem);
+    QApplication::processEvents();
+    EXPECT_EQ(finished.count(), 0);
+    EXPECT_TRUE(runtime.menu()->isVisible());
+    // A browser takes the page: the game ends.
+    UrlCatcher browser;
+    QDesktopServices::setUrlHandler("https", &browser, "open");
+    QTest::mouseClick(runtime.menu(), Qt::LeftButton, {}, emblem);
+    QDesktopServices::unsetUrlHandler("https");
+    EXPECT_EQ(browser.opened, QStringList{"https://orrery-kit.org/"});
+    EXPECT_EQ(finished.count(), 1);
+}
+
 TEST_F(RunnerGui, AsksWithTheAskerAndGoesOnWithTheAnswer) {
     runtime.start();
     ASSERT_TRUE(WaitFor([&] { return runtime.menu() && runtime.menu()->isVisible(); }));
@@ -220,3 +293,5 @@ TEST_F(RunnerGui, AsksWithTheAskerAndGoesOnWithTheAnswer) {
 
 } // namespace
 } // namespace orrery::test
+
+#include "runtime_gui_test.moc"
