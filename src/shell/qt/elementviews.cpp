@@ -213,15 +213,37 @@ void TextView::sync(const ElementControl &control) {
         setTextCursor(cursor);
     }
     m_syncing = false;
+    layOut();
     updateScrollBar();
 }
 
+// A one-line box reads like a line edit: its text in one line, centred in the box's height,
+// scrolled sideways to the caret. A taller box wraps its text under a scroll bar.
+void TextView::layOut() {
+    const int inner = contentsRect().height();
+    const int line = fontMetrics().height();
+    const int above = m_short ? std::max(0, (inner - line) / 2) : 0;
+    const int below = m_short ? std::max(0, inner - line - above) : 0;
+    const QMargins margins(m_short ? Px(30) : 0, above, 0, below);
+    if (viewportMargins() != margins) setViewportMargins(margins);
+    const qreal documentMargin = m_short ? 0 : 4;
+    if (document()->documentMargin() != documentMargin) document()->setDocumentMargin(documentMargin);
+    const auto wrap = m_short ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth;
+    if (lineWrapMode() != wrap) setLineWrapMode(wrap);
+    if (m_short) verticalScrollBar()->setValue(0);
+}
+
 void TextView::updateScrollBar() {
-    // The bar shows when the text is as tall as the box, less a margin.
+    // The bar shows when the text is as tall as the box, less a margin; never on one line.
     const int textHeight = static_cast<int>(document()->size().height()) * fontMetrics().lineSpacing();
-    const bool needed = Twips(textHeight) >= Twips(height()) - 60;
+    const bool needed = !m_short && Twips(textHeight) >= Twips(height()) - 60;
     const auto policy = needed ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff;
     if (verticalScrollBarPolicy() != policy) setVerticalScrollBarPolicy(policy);
+}
+
+void TextView::resizeEvent(QResizeEvent *event) {
+    QPlainTextEdit::resizeEvent(event);
+    layOut();
 }
 
 void TextView::keyPressEvent(QKeyEvent *event) {

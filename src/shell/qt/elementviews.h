@@ -75,10 +75,12 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void pushText();
     void pushSelection();
+    void layOut();
     void updateScrollBar();
     bool m_syncing = false;
     bool m_short = true; // under 800 twips: Enter clicks the tool's button

@@ -13,9 +13,12 @@
 #include "shell/qt/look.h"
 #include "shell/qt/qthost.h"
 #include "shell/qt/toolview.h"
+#include "shell/quicklist.h"
 #include "shell/tools.h"
 
 #include <QListWidget>
+#include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -128,6 +131,36 @@ TEST_F(DeskGui, AnOpenMessageSwallowsTheNextKeyEscapeIncluded) {
     QTest::keyClick(desktop.get(), Qt::Key_Escape);
     EXPECT_FALSE(game().desk.message.visible);
     EXPECT_FALSE(game().desk.exitRequested);
+}
+
+TEST_F(DeskGui, AOneLineTextBoxShowsItsWholeTextCentredWithoutAScrollBar) {
+    ToolView *tool = Open("Connector");
+    auto *address = qobject_cast<QPlainTextEdit *>(Element(tool, "textaddress"));
+    ASSERT_NE(address, nullptr);
+    auto expectWholeAndCentred = [&](const char *when) {
+        desktop->sync();
+        EXPECT_FALSE(address->verticalScrollBar()->isVisible()) << when;
+        // The caret's rectangle at the start, one line of the font high.
+        const QRect caret = address->cursorRect(QTextCursor(address->document()));
+        const QRect line(caret.topLeft(), QSize(caret.width(), address->fontMetrics().height()));
+        const QRect inside = address->viewport()->rect();
+        EXPECT_GE(line.top(), inside.top()) << when;
+        EXPECT_LE(line.bottom(), inside.bottom()) << when;
+        EXPECT_NEAR(line.center().y(), inside.center().y(), 2) << when;
+    };
+    QTest::mouseClick(address, Qt::LeftButton);
+    QTest::keyClicks(address, "gate.halvard.com");
+    expectWholeAndCentred("typed");
+    Shot(tool, "connector.png");
+    // Emptied by hand and filled from the quicklist, it shows what it holds.
+    desktop->run([](Game &g) { AddToList(g.desk, "depot.greyhaven.net - 81.42.7.199"); });
+    QTest::keyClick(address, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(address, Qt::Key_Backspace);
+    QuicklistView *quick = desktop->quicklist();
+    desktop->run([](Game &g) { ShowQuicklist(g.desk); });
+    QTest::mouseClick(quick, Qt::LeftButton, {}, quick->rowRect(1).center());
+    EXPECT_EQ(address->toPlainText(), "depot.greyhaven.net");
+    expectWholeAndCentred("from the quicklist");
 }
 
 TEST_F(DeskGui, TheTopMenuChoosesOnReleaseAndEscapeClosesOnlyItsDropDown) {
