@@ -100,4 +100,16 @@ std::string Utf8ToCp1252(std::string_view text) {
     return out;
 }
 
+bool IsPrintableCp1252(char byte) {
+    const auto b = static_cast<unsigned char>(byte);
+    if (b < 0x20 || b == 0x7F) return false;
+    return b < 0x80 || b >= 0xA0 || kHighBlock[b - 0x80u] != static_cast<char32_t>(b);
+}
+
+std::optional<char> Cp1252Char(char32_t code) {
+    const char byte = ToCp1252(code);
+    if ((byte == kUnmappable && code != U'?') || !IsPrintableCp1252(byte)) return std::nullopt;
+    return byte;
+}
+
 } // namespace orrery

@@ -72,6 +72,14 @@ void DesktopKey(Game &game, int keyCode, bool shift) {
     if (keyCode == Key::Enter && focused && focused->kind == ElementKind::Text) TextEnter(game, desk.focusRow);
 }
 
+void DesktopChar(Game &game, char c) {
+    if (game.desk.message.visible) {
+        game.desk.message.visible = false;
+        return;
+    }
+    FocusedQonsoleChar(game, c);
+}
+
 void DesktopMouseMove(Game &game) { game.desk.consoles.focus = 0; }
 
 void DebugButtonClick(Game &game) { ++game.desk.debugClicks; }

@@ -38,6 +38,10 @@ void FirstActivate(Game &game, const std::function<void()> &loadProfile);
 // closes an open drop-down of the top menu, else leaves the game; F1, F9, F10 and F11 toggle panels; other keys go to the focused console.
 void DesktopKey(Game &game, int keyCode, bool shift);
 
+// A character that no key of the desk's table gives (é, ö, €), typed on a keyboard of another
+// language: it closes an open message panel, or goes to the focused console.
+void DesktopChar(Game &game, char c);
+
 // A move of the mouse over the desktop or a tool takes the keys away from the console.
 void DesktopMouseMove(Game &game);
 // The hidden debug panel: its button counts clicks; its label, after exactly three, adds

@@ -3,6 +3,7 @@
 
 #include "actions/game.h"
 #include "actions/statement.h"
+#include "foundation/codepage.h"
 #include "foundation/convert.h"
 #include "foundation/text.h"
 #include "shell/desk.h"
@@ -316,6 +317,21 @@ std::vector<QonsoleScreenLine> QonsoleScreen(const Desk &desk, int row) {
     return lines;
 }
 
+namespace {
+
+// A character at the end of the line, while one blank and the line fit the console's width
+// less its margin.
+void Append(Game &game, int row, char c) {
+    QonsoleTable &table = game.desk.consoles;
+    Qonsole *console = Column(table, ConsoleHistoryIndex(table, row));
+    const ElementControl *control = game.desk.Control(row);
+    if (!console || !control) return;
+    if (MeasureOf(table).Width(*control, " " + console->line) > control->width - kLineMargin) return;
+    console->line += c;
+}
+
+} // namespace
+
 void QonsoleKey(Game &game, int row, int keyCode, int shift) {
     QonsoleTable &table = game.desk.consoles;
     const int column = ConsoleHistoryIndex(table, row);
@@ -323,12 +339,18 @@ void QonsoleKey(Game &game, int row, int keyCode, int shift) {
     if (!console) return;
     if (keyCode == kKeyEnter) return Enter(game, column);
     if (keyCode == kKeyBackspace) return Backspace(*console);
-    const std::optional<char> typed = KeyChar(keyCode, shift);
-    const ElementControl *control = game.desk.Control(row);
-    if (!typed || !control) return;
-    if (MeasureOf(table).Width(*control, " " + console->line) > control->width - kLineMargin)
-        return;
-    console->line += *typed;
+    if (const std::optional<char> typed = KeyChar(keyCode, shift)) Append(game, row, *typed);
+}
+
+void QonsoleChar(Game &game, int row, char c) {
+    if (static_cast<unsigned char>(c) >= 0x80 && IsPrintableCp1252(c)) Append(game, row, c);
+}
+
+bool FocusedQonsoleChar(Game &game, char c) {
+    const int row = game.desk.consoles.focus;
+    if (row == 0) return false;
+    QonsoleChar(game, row, c);
+    return true;
 }
 
 bool FocusedQonsoleKey(Game &game, int keyCode, int shift) {
@@ -342,6 +364,7 @@ void QonsoleType(Game &game, int row, std::string_view text) {
     for (char c : text) {
         const KeyStroke stroke = KeysOfChars()[static_cast<unsigned char>(c)];
         if (stroke.key != 0) QonsoleKey(game, row, stroke.key, stroke.shift);
+        else QonsoleChar(game, row, c);
     }
     QonsoleKey(game, row, kKeyEnter, kShiftNone);
 }

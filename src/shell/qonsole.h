@@ -137,8 +137,14 @@ std::vector<QonsoleScreenLine> QonsoleScreen(const Desk &desk, int row);
 void QonsoleKey(Game &game, int row, int keyCode, int shift);
 // A key from the desk's key handler: true when a console is focused and took it.
 bool FocusedQonsoleKey(Game &game, int keyCode, int shift);
-// Types the text key by key on the console of an element row, then Enter. Characters that no
-// key gives are passed over.
+// A character of the code page's upper half typed on the console of an element row, as a
+// keyboard of another language gives it (é, ö, €); it goes in where a key's character would.
+// Anything else is refused: control codes, undefined codes, and what the key table types.
+void QonsoleChar(Game &game, int row, char c);
+// A character from the desk's key handler for the focused console: true when one is focused.
+bool FocusedQonsoleChar(Game &game, char c);
+// Types the text on the console of an element row, then Enter: each character by its key, or
+// as QonsoleChar; characters that neither gives are passed over.
 void QonsoleType(Game &game, int row, std::string_view text);
 // Runs a line on a console column: HELP, NOW, DATE, TIME or an author's command.
 void ExecuteQonsoleLine(Game &game, int column, std::string_view line);

@@ -26,5 +26,18 @@ TEST(Codepage, UnmappableAndMalformedBecomeQuestionMarks) {
     for (const auto &[utf8, cp1252] : rows) EXPECT_EQ(Utf8ToCp1252(utf8), cp1252);
 }
 
+TEST(Codepage, ATypedCharacterIsOneByteThatPrintsOrNothing) {
+    const std::pair<char32_t, int> rows[] = {
+        {U'a', 'a'},   {U'?', '?'},     {U'\u00E9', 0xE9}, {U'\u20AC', 0x80}, {U'\u0178', 0x9F},
+        {U'\u00A0', 0xA0}, {U'\u65E5', -1}, {U'\u0081', -1}, {U'\u009D', -1}, {U'\n', -1},
+        {U'\u007F', -1}, {U'\U0001F600', -1},
+    };
+    for (const auto &[code, byte] : rows) {
+        const auto c = Cp1252Char(code);
+        if (byte < 0) EXPECT_FALSE(c) << static_cast<unsigned>(code);
+        else EXPECT_EQ(static_cast<unsigned char>(c.value_or('\0')), byte) << static_cast<unsigned>(code);
+    }
+}
+
 } // namespace
 } // namespace orrery

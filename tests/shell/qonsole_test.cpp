@@ -154,6 +154,22 @@ TEST(Qonsole, KeysTypeOnlyWhatTheTableGives) {
     EXPECT_EQ(g.Console().rows[99], "?:\\> abc   ");
 }
 
+TEST(Qonsole, CharactersOfTheCodePagesUpperHalfGoInOthersAreRefused) {
+    QonsoleFixture f;
+    // é, ö, €, ß go in; an undefined code, a C1 control's place and the key table's own
+    // characters by this road don't.
+    for (const char c : std::string("\xE9\xF6\x80\xDF\x81\x9D<_a\x7F"))
+        QonsoleChar(f.game, 1, c);
+    EXPECT_EQ(f.Console().line, "?:\\> \xE9\xF6\x80\xDF");
+    EXPECT_FALSE(FocusedQonsoleChar(f.game, '\xE9'));
+    // Typed text takes them too, and the width limit holds for them.
+    QonsoleFixture g;
+    QonsoleType(g.game, 1, "caf\xE9");
+    EXPECT_EQ(g.Console().rows[99], "?:\\> caf\xE9");
+    QonsoleType(g.game, 1, std::string(60, '\xE9'));
+    EXPECT_EQ(g.Console().rows[99], "?:\\> " + std::string(41, '\xE9'));
+}
+
 TEST(Qonsole, BlankLinesAndTheWidthLimit) {
     QonsoleFixture f;
     f.Type("   ");

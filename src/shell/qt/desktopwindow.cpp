@@ -1,6 +1,7 @@
 // The game desktop on screen.
 #include "shell/qt/desktopwindow.h"
 
+#include "foundation/codepage.h"
 #include "foundation/text.h"
 #include "session/playsession.h"
 #include "shell/desktop.h"
@@ -188,7 +189,7 @@ bool DesktopWindow::eventFilter(QObject *watched, QEvent *event) {
 
 bool DesktopWindow::handleKey(QKeyEvent *event) {
     const DeskKey key = DeskKeyOf(*event);
-    if (key.code == 0) return false;
+    if (key.code == 0) return handleCharacter(*event);
     const Desk &desk = game().desk;
     const bool message = desk.message.visible;
     const bool console = desk.consoles.focus > 0;
@@ -197,6 +198,19 @@ bool DesktopWindow::handleKey(QKeyEvent *event) {
     // A key that closed the message box, went to a console or was the desktop's own goes no
     // further; any other goes on to the focused control.
     return message || console || own;
+}
+
+// A character of another language's keyboard, which no key code names, for the console or the
+// message; a text box takes it as it comes.
+bool DesktopWindow::handleCharacter(const QKeyEvent &event) {
+    const QString text = event.text();
+    if (text.size() != 1 || (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier))) return false;
+    const std::optional<char> c = Cp1252Char(text.at(0).unicode());
+    if (!c || static_cast<unsigned char>(*c) < 0x80) return false;
+    const Desk &desk = game().desk;
+    const bool taken = desk.message.visible || desk.consoles.focus > 0;
+    run([c](Game &g) { DesktopChar(g, *c); });
+    return taken;
 }
 
 void DesktopWindow::paintEvent(QPaintEvent *) {

@@ -69,6 +69,7 @@ protected:
 
 private:
     bool handleKey(QKeyEvent *event);
+    bool handleCharacter(const QKeyEvent &event);
     void restack();
     void followFocus();
     void checkLeave();

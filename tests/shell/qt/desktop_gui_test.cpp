@@ -16,6 +16,7 @@
 #include "shell/quicklist.h"
 #include "shell/tools.h"
 
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -188,6 +189,19 @@ TEST_F(DeskGui, TheTopMenuChoosesOnReleaseAndEscapeClosesOnlyItsDropDown) {
     QTest::mouseRelease(list, Qt::LeftButton, {}, at);
     EXPECT_TRUE(game().desk.help.visible);
     EXPECT_FALSE(game().desk.topMenuListVisible);
+}
+
+TEST_F(DeskGui, AConsoleTakesTheCodePagesCharactersFromAnyKeyboard) {
+    Run("MENU_LOCK_OFF [console]");
+    ToolView *tool = Open("Console");
+    QTest::mouseClick(Element(tool, "qonsolemain"), Qt::LeftButton);
+    // As a French or German keyboard sends them: a key Qt names, with its text.
+    for (const auto &[key, text] : {std::pair{Qt::Key_Eacute, u"\u00E9"}, {Qt::Key_Odiaeresis, u"\u00F6"},
+                                    {Qt::Key_unknown, u"\u20AC"}, {Qt::Key_unknown, u"\u65E5"}}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString::fromUtf16(text));
+        QApplication::sendEvent(desktop.get(), &press);
+    }
+    EXPECT_EQ(game().desk.consoles.columns[1].line, "?:\\> \xE9\xF6\x80");
 }
 
 TEST_F(DeskGui, AConsoleLineStopsAtTheConsolesWidth) {
