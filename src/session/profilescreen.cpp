@@ -20,6 +20,8 @@ namespace {
 
 constexpr std::string_view kEnterName = "Enter profile name!";
 constexpr std::string_view kNameTaken = "That profile name already exists!";
+constexpr std::string_view kNothingToLoad = "There is no saved profile yet: start a new one.";
+constexpr std::string_view kChooseProfile = "Choose a profile to load.";
 
 // The spellings of the profile extension, the one the program writes first. On a file system
 // that ignores case they are one file; here each is looked for.
@@ -98,13 +100,15 @@ std::vector<std::string> LoadGamesList(const AppPaths &paths) {
 ProfileClick ClickIt(const AppPaths &paths, ProfileOption option, std::string_view typed,
                      std::string_view selected) {
     if (option == ProfileOption::Load) {
-        if (Trim(selected).empty()) return {};
-        return {ProfileClick::Next::StartLoad, std::string(selected)};
+        if (!Trim(selected).empty()) return {ProfileClick::Next::StartLoad, std::string(selected)};
+        const bool none = orrery::LoadGamesList(paths).empty();
+        return {ProfileClick::Next::ShowStatus, std::string(none ? kNothingToLoad : kChooseProfile)};
     }
     // Trimmed again after the extensions go, so that the name checked is the name the new
     // game gets: "Ada .vbz" must not pass the check and then overwrite "Ada".
     const std::string name = Trim(WithoutExtensions(Trim(typed)));
-    if (name.empty() || name == kEnterName)
+    // The screen's own messages stand in the name box; neither is ever a name.
+    if (name.empty() || name == kEnterName || name == kNameTaken)
         return {ProfileClick::Next::ShowMessage, std::string(kEnterName)};
     if (ProfileTaken(paths, name))
         return {ProfileClick::Next::ShowMessage, std::string(kNameTaken)};

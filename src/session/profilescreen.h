@@ -19,7 +19,8 @@ enum class ProfileOption { New, Load };
 struct ProfileClick {
     enum class Next {
         Nothing,     // stay, change nothing
-        ShowMessage, // put text in the name box and stay
+        ShowMessage, // put text in the name box, selected so that typing replaces it, and stay
+        ShowStatus,  // say text on the status line and stay
         StartNew,    // show "Loading...", then GameNew(text)
         StartLoad,   // show "Loading...", then GameLoad(text)
     };

@@ -46,12 +46,13 @@ TEST(ProfileScreen, ConfirmChecksTheNameOrTheSelection) {
         {ProfileOption::New, "", ShowMessage, enter},
         {ProfileOption::New, " .VBZ ", ShowMessage, enter},
         {ProfileOption::New, "Enter profile name!", ShowMessage, enter},
+        {ProfileOption::New, "That profile name already exists!", ShowMessage, enter},
         {ProfileOption::New, "Ada .vbz", ShowMessage, taken},
         {ProfileOption::New, "bob", ShowMessage, taken},
         {ProfileOption::New, "Dee", ShowMessage, taken},
         {ProfileOption::New, " Eve.VBZ", StartNew, "Eve"},
         {ProfileOption::New, "a\\b", StartNew, "a\\b"}, // fails when the game starts
-        {ProfileOption::Load, "  ", Nothing, ""},
+        {ProfileOption::Load, "  ", ShowStatus, "Choose a profile to load."},
         {ProfileOption::Load, "Cy", StartLoad, "Cy"},
     };
     for (const auto &[option, input, next, text] : cases) {
@@ -59,6 +60,11 @@ TEST(ProfileScreen, ConfirmChecksTheNameOrTheSelection) {
         EXPECT_EQ(click.next, next) << input;
         EXPECT_EQ(click.text, text) << input;
     }
+    // With nothing saved, the screen says why nothing loads.
+    const test::TempDir empty;
+    const ProfileClick none = ClickIt(AppPaths(empty.path()), ProfileOption::Load, "", "");
+    EXPECT_EQ(none.next, ShowStatus);
+    EXPECT_EQ(none.text, "There is no saved profile yet: start a new one.");
 }
 
 } // namespace

@@ -103,7 +103,7 @@ QString StyleSheet() {
                "  selection-background-color: %4; selection-color: white; }"
                "QLineEdit:focus { border-color: %3; }"
                "QListWidget { background: %2; color: %1; border: 1px solid %4; outline: 0; }"
-               "QListWidget::item { padding: 4px 7px; }"
+               "QListWidget::item { padding: 4px 7px; border: none; }"
                "QListWidget::item:hover { background: #0f2a2e; }"
                "QListWidget::item:selected { background: %4; color: white; }"
                "QRadioButton, QCheckBox { color: %1; spacing: 8px; }"

@@ -39,6 +39,9 @@ QWidget *LoadBox(QListWidget *list) {
     box->setObjectName("boxload");
     list->setObjectName("List1");
     list->setMinimumHeight(150);
+    // A long name ends in an ellipsis rather than a scroll bar.
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setTextElideMode(Qt::ElideRight);
     auto *column = new QVBoxLayout(box);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(list);
@@ -92,6 +95,7 @@ ProfileOption ProfileDialog::Option() const {
 }
 
 void ProfileDialog::SetBox() {
+    m_status->clear();
     if (Option() == ProfileOption::New) {
         m_boxes->setCurrentWidget(m_boxNew);
         SetCaption(tr("New Profile"));
@@ -108,6 +112,8 @@ void ProfileDialog::SetBox() {
 void ProfileDialog::LoadGamesList() {
     m_list->clear();
     for (const std::string &name : orrery::LoadGamesList(m_paths)) m_list->addItem(ToQString(name));
+    // The first profile is chosen, so that Start starts it.
+    if (m_list->count() > 0) m_list->setCurrentRow(0);
 }
 
 void ProfileDialog::ClickIt() {
@@ -123,6 +129,10 @@ void ProfileDialog::ClickIt() {
     case ProfileClick::Next::ShowMessage:
         m_name->setText(ToQString(click.text));
         m_name->setFocus();
+        m_name->selectAll();
+        return;
+    case ProfileClick::Next::ShowStatus:
+        m_status->setText(ToQString(click.text));
         return;
     case ProfileClick::Next::StartNew:
         return Start(ProfileOption::New, click.text);

@@ -1,22 +1,76 @@
-// The small windows round a game: the credits roll round for ever, and the options keep the
-// player's music and sound choices.
+// The small windows round a game: the profile screen's choices and messages, the credits that
+// roll round for ever, and the options that keep the player's music and sound choices.
 #include "guitest.h"
 
 #include "foundation/paths.h"
 #include "foundation/preferences.h"
 #include "project/model.h"
 #include "session/qt/creditswindow.h"
+#include "foundation/textfile.h"
 #include "session/qt/optionsdialog.h"
+#include "session/qt/profiledialog.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace orrery::test {
 namespace {
+
+// A profile screen over a Saved folder, keeping the games it was asked to start.
+struct ProfileScreenWindow {
+    explicit ProfileScreenWindow(bool loadMode, std::initializer_list<const char *> saved = {}) {
+        std::filesystem::create_directories(paths.SavedPath());
+        for (const char *name : saved) EXPECT_TRUE(WriteTextFile(paths.SavedPath() / name, ""));
+        dialog = std::make_unique<ProfileDialog>(paths, loadMode, [this](ProfileOption option, const std::string &name) {
+            started.push_back((option == ProfileOption::New ? "new " : "load ") + name);
+            return GameStart{true, {}, {}};
+        });
+        dialog->show();
+    }
+    void Start() { QTest::mouseClick(dialog->findChild<QAbstractButton *>("ARButton1"), Qt::LeftButton); }
+    QLineEdit *Name() { return dialog->findChild<QLineEdit *>("Text1"); }
+    QString Status() { return dialog->findChild<QLabel *>("Label1")->text(); }
+
+    TempDir dir;
+    AppPaths paths{dir.path()};
+    std::vector<std::string> started;
+    std::unique_ptr<ProfileDialog> dialog;
+};
+
+TEST(ProfileDialog, LoadsTheFirstProfileOrSaysThereIsNone) {
+    ProfileScreenWindow some(true, {"Bo.vbz", "Ada.vbz"});
+    QApplication::processEvents();
+    Shot(some.dialog.get(), "profile-load.png");
+    some.Start();
+    EXPECT_EQ(some.started, std::vector<std::string>{"load Ada"});
+
+    ProfileScreenWindow none(true);
+    none.Start();
+    EXPECT_TRUE(none.started.empty());
+    EXPECT_EQ(none.Status(), "There is no saved profile yet: start a new one.");
+}
+
+TEST(ProfileDialog, ItsMessagesAreNeverNamesAndTypingReplacesThem) {
+    ProfileScreenWindow screen(false, {"Ada.vbz"});
+    QTest::keyClicks(screen.Name(), "Ada");
+    screen.Start();
+    EXPECT_EQ(screen.Name()->text(), "That profile name already exists!");
+    EXPECT_EQ(screen.Name()->selectedText(), screen.Name()->text());
+    screen.Start();
+    EXPECT_EQ(screen.Name()->text(), "Enter profile name!");
+    screen.Start();
+    EXPECT_TRUE(screen.started.empty());
+    QTest::keyClicks(screen.Name(), "Cy");
+    EXPECT_EQ(screen.Name()->text(), "Cy");
+    screen.Start();
+    EXPECT_EQ(screen.started, std::vector<std::string>{"new Cy"});
+}
 
 TEST(CreditsWindow, RollsUpAndStartsAgainBelow) {
     TempDir dir;
