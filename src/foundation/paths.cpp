@@ -11,13 +11,61 @@ namespace orrery {
 
 namespace fs = std::filesystem;
 
-std::optional<std::string> SafeComponent(std::string_view name) {
-    if (name.empty() || name == "." || name == "..") return std::nullopt;
+namespace {
+
+// A backup's stamp at its full width, for the longest name a backup can have.
+constexpr std::string_view kWidestStamp = "2000/01/01 00:00:00";
+
+// Why the name can't be one path component; "" when it can.
+std::string_view ComponentProblem(std::string_view name) {
+    if (name.empty()) return "it is empty";
+    if (name == "." || name == "..") return "it is \".\" or \"..\", which name folders already";
     for (const char c : name) {
         const auto code = static_cast<unsigned char>(c);
-        if (code < 32 || code == 127 || c == '/' || c == '\\') return std::nullopt;
+        if (code < 32 || code == 127) return "it holds a control character";
+        if (c == '/' || c == '\\') return "it holds \"/\" or \"\\\"";
     }
+    return {};
+}
+
+std::string TooLong(std::size_t longest) {
+    const std::size_t most = kMaxFileNameBytes - kTemporaryNameExtraBytes;
+    if (longest <= most) return {};
+    const std::size_t excess = longest - most;
+    return "it is " + std::to_string(excess) + (excess == 1 ? " byte" : " bytes") +
+           " too long for a file name";
+}
+
+} // namespace
+
+std::optional<std::string> SafeComponent(std::string_view name) {
+    if (!ComponentProblem(name).empty()) return std::nullopt;
     return Cp1252ToUtf8(name);
+}
+
+std::string BackupFileName(std::string_view projectName, std::string_view nowText) {
+    return NormSafe(projectName) + "_" + NormSafe(nowText) + "_.dat";
+}
+
+std::string NameProblem(std::string_view name, NameKind kind) {
+    const std::string trimmed = Trim(name);
+    if (trimmed.empty()) return "it is empty";
+    // A project's folder is its name without punctuation; a player's, the name itself.
+    const std::string folder = kind == NameKind::Project ? NormSafe(trimmed) : trimmed;
+    if (folder.empty()) return "it is empty once punctuation is left out";
+    if (const std::string_view problem = ComponentProblem(folder); !problem.empty())
+        return std::string(problem);
+    if (folder.find('?') != std::string::npos)
+        return "it holds \"?\" or a character that Windows-1252 cannot write";
+    const std::string longest = kind == NameKind::Project
+                                    ? BackupFileName(trimmed, kWidestStamp)
+                                    : trimmed + std::string(kProfileExtension);
+    return TooLong(Cp1252ToUtf8(longest).size());
+}
+
+std::string UnusableName(std::string_view name, NameKind kind, std::string_view problem) {
+    return "\"" + std::string(name) + "\" is not a usable " +
+           (kind == NameKind::Project ? "project" : "player") + " name: " + std::string(problem);
 }
 
 std::optional<fs::path> AppPaths::ProjectPath(std::string_view projectName) const {

@@ -13,6 +13,24 @@ namespace orrery {
 // no name can lead outside the application folder.
 std::optional<std::string> SafeComponent(std::string_view name);
 
+// The extension a profile is written under: Saved/<player name>.vbz.
+inline constexpr std::string_view kProfileExtension = ".vbz";
+
+// The name of a backup: "<project>_<stamp>_.dat", both stripped of punctuation and lower-cased.
+std::string BackupFileName(std::string_view projectName, std::string_view nowText);
+
+enum class NameKind { Project, Player };
+
+// Why a project or a player name can't be used, in words for a person ("it holds a control
+// character"); "" when it can. The one check of a name before anything is made from it: it
+// makes a folder name that stays in the application folder; it holds no "?", which is what a
+// character Windows-1252 cannot write becomes, so that two such names can't share one file;
+// and the longest file name made from it (a backup's or a profile's, with a save's temporary
+// ending) fits the file system.
+std::string NameProblem(std::string_view name, NameKind kind);
+// The refusal of a name, for a person: "\"<name>\" is not a usable project name: <problem>".
+std::string UnusableName(std::string_view name, NameKind kind, std::string_view problem);
+
 class AppPaths {
 public:
     explicit AppPaths(std::filesystem::path root) : m_root(std::move(root)) {}

@@ -4,6 +4,7 @@
 #include "foundation/text.h"
 #include "foundation/textfile.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <map>
 #include <system_error>
@@ -61,7 +62,19 @@ fs::path PreferenceStore::FileFor(std::string_view projectName) const {
             name += kHex[code & 15];
         }
     }
-    return m_folder / (name + ".ini");
+    // A name too long for a file keeps its beginning and gets a hash of the whole name.
+    constexpr std::string_view kExtension = ".ini";
+    constexpr std::size_t kHashText = 17; // "~" and sixteen hex digits
+    constexpr std::size_t kRoom = kMaxFileNameBytes - kTemporaryNameExtraBytes - kExtension.size();
+    if (name.size() > kRoom) {
+        std::uint64_t hash = 14695981039346656037ull; // FNV-1a
+        for (const char c : projectName)
+            hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211ull;
+        name.resize(kRoom - kHashText);
+        name += '~';
+        for (int shift = 60; shift >= 0; shift -= 4) name += kHex[(hash >> shift) & 15];
+    }
+    return m_folder / (name + std::string(kExtension));
 }
 
 bool PreferenceStore::SavePref(std::string_view projectName, std::string_view key,

@@ -22,7 +22,8 @@ public:
                     std::string_view fallback) const;
 
     // The file that holds a project's preferences: the name as it stands, with every byte
-    // that isn't a plain letter, digit, blank, "-" or "_" written as %XX.
+    // that isn't a plain letter, digit, blank, "-" or "_" written as %XX; a name too long for
+    // a file is cut and ends in "~" and a hash of the whole name.
     std::filesystem::path FileFor(std::string_view projectName) const;
 
 private:

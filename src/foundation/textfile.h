@@ -19,11 +19,25 @@ std::string ReadTextFile(const std::filesystem::path &path);
 // True when the file's length can be read: an empty file exists, a directory does not.
 bool FileExists(const std::filesystem::path &path);
 
-// The raw bytes of a file; nullopt when it can't be read.
-std::optional<std::string> ReadFileBytes(const std::filesystem::path &path);
-// Writes bytes to a temporary file beside the target, flushes it to disk and renames it over
-// the target, so that a failed or interrupted write leaves the old file whole.
+// Why a file gave no bytes.
+enum class ReadError { None, Missing, NotAFile, Unreadable };
+// "no such file", "not a regular file", "cannot be read"; "" for None.
+std::string_view ReadErrorText(ReadError error);
+
+// The raw bytes of a regular file; nullopt when it can't be read, with the reason in error.
+// Only a regular file is read: a directory, a pipe or a device in its place is refused
+// without waiting on it.
+std::optional<std::string> ReadFileBytes(const std::filesystem::path &path,
+                                         ReadError *error = nullptr);
+// Writes bytes to a temporary file of its own beside the target, flushes it to disk and
+// renames it over the target, so that a failed or interrupted write leaves the old file whole.
+// Temporaries that earlier saves left in the folder, and that no save holds, are removed first.
 bool ReplaceFileAtomically(const std::filesystem::path &path, std::string_view bytes);
+
+// The longest file name, in bytes, that the file systems we write to take.
+inline constexpr std::size_t kMaxFileNameBytes = 255;
+// What a save's temporary file adds to its target's name: ".XXXXXX.saving".
+inline constexpr std::size_t kTemporaryNameExtraBytes = 14;
 
 // Splits text into lines at CRLF, a lone CR or a lone LF; a final line end adds no empty line.
 std::vector<std::string_view> SplitLines(std::string_view text);

@@ -5,7 +5,11 @@
 #include "foundation/text.h"
 #include "project/saver.h"
 
+#include <system_error>
+
 namespace orrery {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -177,10 +181,16 @@ CreateResult CreateProject(ProjectModel &model, const AppPaths &paths, const New
         result.message = kMissingNameOrAuthor;
         return result;
     }
+    if (const std::string problem = NameProblem(info.name, NameKind::Project); !problem.empty()) {
+        result.message = UnusableName(info.name, NameKind::Project, problem);
+        return result;
+    }
     if (paths.ProjectExists(info.name)) {
         result.message = kProjectAlreadyExists;
         return result;
     }
+    std::error_code error;
+    const bool folderWasThere = fs::exists(*paths.ProjectPath(info.name), error);
     if (!paths.MakeProjectFolders(info.name)) {
         result.message = "Cannot make the folders of the project below " + paths.Root().string() + ".";
         return result;
@@ -189,7 +199,10 @@ CreateResult CreateProject(ProjectModel &model, const AppPaths &paths, const New
     AddStandardServicesAndTools(model);
     const SaveResult saved = SaveProject(model, paths, "", 1);
     result.created = saved.status == SaveStatus::Saved;
-    if (!result.created) result.message = saved.error;
+    if (result.created) return result;
+    result.message = saved.error;
+    // A project that couldn't be written leaves no empty folder of its name behind.
+    if (!folderWasThere) fs::remove(*paths.ProjectPath(info.name), error);
     return result;
 }
 

@@ -322,8 +322,16 @@ LoadReport LoadProject(ProjectModel &model, const AppPaths &paths, std::string_v
                        const HostScreen &screen) {
     LoadReport report;
     const auto file = paths.ProjectFile(name);
-    const auto bytes = file ? ReadFileBytes(*file) : std::nullopt;
+    ReadError error = ReadError::None;
+    const auto bytes = file ? ReadFileBytes(*file, &error) : std::nullopt;
     report.found = bytes.has_value();
+    if (!file)
+        report.error = UnusableName(name, NameKind::Project, NameProblem(name, NameKind::Project));
+    else if (error == ReadError::Missing)
+        report.error = file->string() + ": no such project";
+    else if (!report.found)
+        report.error =
+            file->string() + ": cannot read the project file: " + std::string(ReadErrorText(error));
     report.lines = LoadProjectText(model, name, bytes ? *bytes : std::string_view{}, screen);
     return report;
 }

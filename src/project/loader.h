@@ -1,17 +1,19 @@
 // Reading a project file into the model.
 #pragma once
 
-#include <cstddef>
-#include <string_view>
-
 #include "foundation/paths.h"
 #include "project/model.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace orrery {
 
 struct LoadReport {
-    bool found = false;     // the project file could be read
-    std::size_t lines = 0;  // lines treated
+    bool found = false;    // the project file could be read
+    std::string error;     // why not, for a person: "<file>: no such project", or why unreadable
+    std::size_t lines = 0; // lines treated
 };
 
 // Reads the project of that name into the model, which only ever grows: nothing is cleared,

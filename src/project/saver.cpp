@@ -186,11 +186,6 @@ std::string BuildProjectText(ProjectModel &m) {
     return out;
 }
 
-std::string BackupFileName(std::string_view projectName, std::string_view nowText) {
-    return NormText(StripPunctuation(projectName)) + "_" + NormText(StripPunctuation(nowText)) +
-           "_.dat";
-}
-
 std::string CurrentDateTimeText() {
     const std::time_t now = std::time(nullptr);
     std::tm local{};
@@ -214,17 +209,21 @@ SaveResult SaveProject(ProjectModel &model, const AppPaths &paths, std::string_v
     }
     const std::string &name = model.settings.myprojectname;
     model.lastSavedName = name;
+    result.status = SaveStatus::Failed;
+    if (const std::string problem = NameProblem(name, NameKind::Project); !problem.empty()) {
+        result.error = UnusableName(name, NameKind::Project, problem);
+        return result;
+    }
     const auto file = paths.ProjectFile(name);
     if (!file || !paths.MakeProjectDir(name)) {
-        result.status = SaveStatus::Failed;
-        result.error = "cannot make a project directory for the name \"" + name + "\"";
+        result.error = (file ? file->parent_path() : paths.DataPath()).string() +
+                       ": cannot make the project's folder";
         return result;
     }
     result.file = *file;
     std::string text = BuildProjectText(model);
     text += kLineEnd;
     if (!ReplaceFileAtomically(*file, text)) {
-        result.status = SaveStatus::Failed;
         result.error = file->string() + ": cannot write the project file; the old one is kept";
         return result;
     }

@@ -25,9 +25,9 @@ struct SaveResult {
 };
 
 // Writes the whole model to the project's settings.dat when go is 1, replacing the file
-// atomically; with mode "backup" (any case, blanks allowed) also a dated copy under
-// _autobackup. The writer's clean-up of element properties and tool events changes the
-// model's tables too.
+// atomically; a name that NameProblem refuses is not saved; with mode "backup" (any case, blanks
+// allowed) also a dated copy under _autobackup. The writer's clean-up of element properties and
+// tool events changes the model's tables too.
 SaveResult SaveProject(ProjectModel &model, const AppPaths &paths, std::string_view mode, int go);
 // The same with the date and time given as text, for a predictable backup name.
 SaveResult SaveProject(ProjectModel &model, const AppPaths &paths, std::string_view mode, int go,
@@ -36,8 +36,6 @@ SaveResult SaveProject(ProjectModel &model, const AppPaths &paths, std::string_v
 // The text of the project file, without the final line end that writing adds.
 std::string BuildProjectText(ProjectModel &model);
 
-// The name of a backup: "<project>_<stamp>_.dat", both stripped of punctuation and lower-cased.
-std::string BackupFileName(std::string_view projectName, std::string_view nowText);
 // The local date and time as "YYYY/MM/DD hh:mm:ss".
 std::string CurrentDateTimeText();
 

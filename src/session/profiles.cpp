@@ -10,6 +10,7 @@
 #include "network/profileworld.h"
 
 #include <algorithm>
+#include <system_error>
 #include <vector>
 
 namespace orrery {
@@ -102,7 +103,7 @@ struct LineReader {
 
 std::optional<fs::path> ProfileFile(const AppPaths &paths, std::string_view player) {
     auto file = ProfileFolder(paths, player);
-    if (file) *file += ".vbz";
+    if (file) *file += kProfileExtension;
     return file;
 }
 
@@ -145,8 +146,11 @@ ProfileResult SaveProfile(Game &game, const fs::path &file) {
 }
 
 ProfileResult SaveCurrentProfile(Game &game) {
+    if (const std::string problem = NameProblem(game.PlayerName, NameKind::Player);
+        !problem.empty())
+        return {false, UnusableName(game.PlayerName, NameKind::Player, problem)};
     const auto file = game.paths ? ProfileFile(*game.paths, game.PlayerName) : std::nullopt;
-    if (!file) return {false, "cannot save a profile for the name \"" + game.PlayerName + "\""};
+    if (!file) return {false, "no application folder to save the profile in"};
     return SaveProfile(game, *file);
 }
 
@@ -159,18 +163,30 @@ void ApplyProfileText(Game &game, std::string_view bytes) {
 ProfileResult LoadProfile(Game &game, const fs::path &file) {
     if (Trim(file.string()).empty()) return {};
     // Read before anything is cleared, so a profile that can't be read leaves the game as it
-    // was. Only a regular file is opened: a pipe put there in its place would never end.
-    const auto bytes = FileExists(file) ? ReadFileBytes(file) : std::nullopt;
-    if (!bytes) return {false, file.string() + ": cannot read the profile"};
+    // was.
+    ReadError error = ReadError::None;
+    const auto bytes = ReadFileBytes(file, &error);
+    if (!bytes)
+        return {false,
+                file.string() + ": cannot read the profile: " + std::string(ReadErrorText(error))};
     ApplyProfileText(game, *bytes);
     return {};
 }
 
 ProfileResult NewGameSetup(Game &game, const fs::path &file) {
-    if (!game.paths || !CreateProfileWorld(*game.paths, game.PlayerName, game.project))
+    if (const std::string problem = NameProblem(game.PlayerName, NameKind::Player);
+        !problem.empty())
+        return {false, UnusableName(game.PlayerName, NameKind::Player, problem)};
+    const auto folder = game.paths ? ProfileFolder(*game.paths, game.PlayerName) : std::nullopt;
+    std::error_code error;
+    const bool folderWasThere = folder && fs::exists(*folder, error);
+    if (!folder || !CreateProfileWorld(*game.paths, game.PlayerName, game.project))
         return {false, "cannot make the world folder for the player \"" + game.PlayerName + "\""};
     ResetPlayerVariables(game);
-    return SaveProfile(game, file);
+    ProfileResult saved = SaveProfile(game, file);
+    // A new game that couldn't be saved leaves no world of its own behind.
+    if (!saved.ok && !folderWasThere) fs::remove_all(*folder, error);
+    return saved;
 }
 
 } // namespace orrery

@@ -46,7 +46,8 @@ ProfileResult LoadProfile(Game &game, const std::filesystem::path &file);
 // The same for the bytes of a profile file already read.
 void ApplyProfileText(Game &game, std::string_view bytes);
 // The player's world, fresh variables and the first save, in that order; stops at the first
-// step that fails.
+// step that fails. A name that NameProblem refuses makes nothing, and a world made for a game
+// whose first save fails is removed again.
 ProfileResult NewGameSetup(Game &game, const std::filesystem::path &file);
 
 } // namespace orrery

@@ -39,23 +39,26 @@ void AddProjectArgs(CLI::App &command, ProjectArgs &args, bool nameRequired = tr
     if (nameRequired) name->required();
 }
 
+// Prints why the name can't be used, if it can't, in the check's own words.
+bool UsableName(const ProjectArgs &args, std::ostream &err) {
+    const std::string problem = NameProblem(args.Name(), NameKind::Project);
+    if (!problem.empty())
+        err << "orrery: " << UnusableName(args.name, NameKind::Project, problem) << "\n";
+    return problem.empty();
+}
+
 // Loads the named project; prints why not and returns false when it can't.
 bool LoadExisting(ProjectModel &model, const ProjectArgs &args, std::ostream &err) {
+    if (!UsableName(args, err)) return false;
     const AppPaths paths = args.Paths();
-    const auto file = paths.ProjectFile(args.Name());
-    if (!file) {
-        err << "orrery: \"" << args.name << "\" is not a usable project name\n";
-        return false;
-    }
-    if (!LoadProject(model, paths, args.Name()).found) {
-        err << "orrery: " << file->string() << ": no such project\n";
-        return false;
-    }
-    return true;
+    const LoadReport report = LoadProject(model, paths, args.Name());
+    if (!report.found) err << "orrery: " << report.error << "\n";
+    return report.found;
 }
 
 int New(const ProjectArgs &args, NewProjectInfo info, std::ostream &out, std::ostream &err) {
     info.name = args.Name();
+    if (!IsBlank(info.name) && !UsableName(args, err)) return 1;
     for (std::string *text : {&info.author, &info.website, &info.email, &info.description})
         *text = Utf8ToCp1252(*text);
     ProjectModel model;
@@ -99,10 +102,16 @@ template <typename Table> int Filled(const Table &table) {
 }
 
 int Summary(ProjectArgs args, std::ostream &out, std::ostream &err) {
-    if (args.name.empty())
-        args.name = Cp1252ToUtf8(Trim(FieldBy(ReadTextFile(args.Paths().ProjectNameFile()), 1, "\r\n")));
+    const auto pname = args.Paths().ProjectNameFile();
+    ReadError error = ReadError::None;
     if (args.name.empty()) {
-        err << "orrery: no project named and no " << args.Paths().ProjectNameFile().string() << "\n";
+        const std::string bytes = ReadFileBytes(pname, &error).value_or("");
+        const auto lines = SplitLines(bytes);
+        if (!lines.empty()) args.name = Cp1252ToUtf8(Trim(lines.front()));
+    }
+    if (args.name.empty()) {
+        err << "orrery: no project named, and " << pname.string() << " names none"
+            << (error == ReadError::None ? "" : ": ") << ReadErrorText(error) << "\n";
         return 1;
     }
     ProjectModel model;
@@ -215,7 +224,11 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
         }
         return PlayCommand(play, in, out, err);
     }
-    if (generate->parsed()) return GenerateCommand(project.appDir, project.name, out, err);
+    if (generate->parsed()) {
+        ProjectModel model;
+        if (!LoadExisting(model, project, err)) return 1;
+        return GenerateCommand(project.Paths(), model, out, err);
+    }
     if (world->parsed()) return WorldCommand(worldFolder, query, queryArgs, out, err);
     if (scramble->parsed())
         return EachLine(in, out, [](std::string_view line) { return ScrambleText(line); });

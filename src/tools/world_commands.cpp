@@ -1,9 +1,6 @@
 // Generating a world template, and answering lookups on a world folder.
 #include "tools/world_commands.h"
 
-#include <filesystem>
-#include <ostream>
-
 #include "foundation/codepage.h"
 #include "foundation/convert.h"
 #include "foundation/paths.h"
@@ -11,18 +8,14 @@
 #include "foundation/text.h"
 #include "network/directory.h"
 #include "network/generator.h"
-#include "project/loader.h"
+
+#include <filesystem>
+#include <ostream>
 
 namespace orrery {
 
-int GenerateCommand(const std::string &appDir, const std::string &name, std::ostream &out,
+int GenerateCommand(const AppPaths &paths, const ProjectModel &model, std::ostream &out,
                     std::ostream &err) {
-    const AppPaths paths(appDir);
-    ProjectModel model;
-    if (!LoadProject(model, paths, Utf8ToCp1252(name)).found) {
-        err << "orrery: " << (paths.DataPath() / name).string() << ": no such project\n";
-        return 1;
-    }
     WordBank words;
     const GenerateResult result = GenerateWorld(paths, model, words, ProcessRandom(),
                                                 [&](const std::string &line) { err << line << "\n"; });

@@ -55,6 +55,14 @@ TEST(ProjectDefaults, CreationRefusesBlankFieldsAndExistingProjects) {
     EXPECT_EQ(CreateProject(again, paths, Info("GAME")).message, kProjectAlreadyExists);
     EXPECT_TRUE(std::filesystem::is_directory(paths.ResPath() / "toolstyle"));
     EXPECT_TRUE(std::filesystem::is_directory(paths.WorldPath()));
+    // A name that can't be used is refused in the name check's words before any folder.
+    const AppPaths fresh(dir.path() / "fresh");
+    for (const std::string &name :
+         {std::string("\x01\x02"), std::string(500, 'a'), std::string("??")})
+        EXPECT_NE(
+            CreateProject(again, fresh, Info(name)).message.find("is not a usable project name"),
+            std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(fresh.Root()));
 }
 
 } // namespace

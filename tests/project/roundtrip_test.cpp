@@ -1,14 +1,15 @@
 // The project file read and written back: golden bytes, fixed point, scrambled copies.
-#include <gtest/gtest.h>
-
-#include <cstdlib>
-
 #include "foundation/random.h"
 #include "foundation/scramble.h"
 #include "foundation/textfile.h"
 #include "project/loader.h"
 #include "project/saver.h"
 #include "support/tempdir.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace orrery {
 namespace {
@@ -100,7 +101,27 @@ TEST(ProjectSave, BackupGoesBesideTheProjectWithAStampedName) {
     EXPECT_EQ(model.lastSavedName, "My:Game");
 }
 
-TEST(ProjectSave, FailedWriteKeepsTheOldFile) {
+// While it lives, no file of the process can grow past the limit: a write fails midway, as it
+// does on a full disk.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &m_old);
+        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{bytes, m_old.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &m_old);
+        std::signal(SIGXFSZ, m_oldHandler);
+    }
+
+private:
+    rlimit m_old{};
+    void (*m_oldHandler)(int) = nullptr;
+};
+
+TEST(ProjectSave, FailedWriteKeepsTheOldFileAndNoTemporary) {
     test::TempDir dir;
     AppPaths paths(dir.path());
     ProjectModel model;
@@ -108,13 +129,37 @@ TEST(ProjectSave, FailedWriteKeepsTheOldFile) {
     ASSERT_EQ(SaveProject(model, paths, "", 1).status, SaveStatus::Saved);
     const auto file = *paths.ProjectFile("Kept");
     const std::string before = ReadOrFail(file);
-    // A directory where the temporary file would go makes the write fail.
-    std::filesystem::create_directory(file.string() + ".saving");
     model.settings.myprojectauthor = "changed";
-    const SaveResult failed = SaveProject(model, paths, "", 1);
+    SaveResult failed;
+    {
+        const FileSizeLimit full(100);
+        failed = SaveProject(model, paths, "", 1);
+    }
     EXPECT_EQ(failed.status, SaveStatus::Failed);
     EXPECT_NE(failed.error.find("settings.dat"), std::string::npos);
     EXPECT_EQ(ReadOrFail(file), before);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(file.parent_path()), {}), 1);
+}
+
+// The longest name a project makes is its backup's; a name whose backup can't be written is
+// refused before anything is made.
+TEST(ProjectSave, ANameIsSavedWithItsBackupOrNotAtAll) {
+    test::TempDir dir;
+    AppPaths paths(dir.path());
+    ProjectModel model;
+    model.settings.myprojectname = std::string(220, 'a');
+    const SaveResult saved = SaveProject(model, paths, "backup", 1);
+    EXPECT_EQ(saved.status, SaveStatus::Saved);
+    EXPECT_TRUE(saved.error.empty()) << saved.error;
+    EXPECT_FALSE(saved.backup.empty());
+    for (const std::string &name : {std::string(221, 'a'), std::string("Wh?")}) {
+        model.settings.myprojectname = name;
+        const SaveResult refused = SaveProject(model, paths, "backup", 1);
+        EXPECT_EQ(refused.status, SaveStatus::Failed);
+        EXPECT_NE(refused.error.find("is not a usable project name"), std::string::npos)
+            << refused.error;
+    }
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(paths.DataPath()), {}), 1);
 }
 
 TEST(ProjectSave, HostileNamesStayInsideTheApplicationFolder) {

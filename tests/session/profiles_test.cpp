@@ -8,6 +8,7 @@
 #include "session/profilescreen.h"
 #include "support/tempdir.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace orrery {
@@ -145,6 +146,31 @@ TEST(Profiles, NoPlayerNameLeadsOutsideSaved) {
     }
     EXPECT_TRUE(fs::is_empty(f.paths.SavedPath()));
     EXPECT_FALSE(fs::exists(f.dir.path() / "x.vbz"));
+}
+
+TEST(Profiles, ANewGameIsMadeWholeOrNotAtAll) {
+    ProfileFixture f;
+    // The longest name whose profile, saved through a temporary file, fits a file name.
+    const std::string longest(237, 'a');
+    ASSERT_TRUE(GameNew(f.game, longest).ok);
+    EXPECT_TRUE(SaveCurrentProfile(f.game).ok);
+    // Too long for the save, or holding what Windows-1252 can't write: refused in the name
+    // check's words, with nothing made.
+    for (const std::string &name :
+         {std::string(238, 'a'), std::string(251, 'a'), std::string("??")}) {
+        const GameStart start = GameNew(f.game, name);
+        EXPECT_FALSE(start.ok) << name;
+        EXPECT_NE(start.error.find("is not a usable player name"), std::string::npos)
+            << start.error;
+    }
+    // A first save that fails takes the world it made with it.
+    fs::create_directories(f.paths.SavedPath() / "Bo.vbz" / "in the way");
+    EXPECT_FALSE(GameNew(f.game, "Bo").ok);
+    std::vector<std::string> left;
+    for (const auto &entry : fs::directory_iterator(f.paths.SavedPath()))
+        left.push_back(entry.path().filename());
+    std::sort(left.begin(), left.end());
+    EXPECT_EQ(left, (std::vector<std::string>{"Bo.vbz", longest, longest + ".vbz"}));
 }
 
 } // namespace

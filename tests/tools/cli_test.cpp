@@ -1,15 +1,17 @@
 // The orrery tool as an author runs it: arguments, messages and exit codes.
-#include <gtest/gtest.h>
+#include "foundation/textfile.h"
+#include "support/fifo.h"
+#include "support/tempdir.h"
+#include "tools/cli.h"
 
+#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "foundation/textfile.h"
-#include "tools/cli.h"
-#include "support/tempdir.h"
-
 namespace orrery {
 namespace {
+
+namespace fs = std::filesystem;
 
 struct ToolRun {
     int code;
@@ -63,10 +65,19 @@ TEST(OrreryTool, RefusalsExitNonZeroWithAClearMessage) {
     };
     const Case cases[] = {
         {{"new", app, "game", "--author", "B"}, 1, "A project with that name already exists."},
-        {{"new", app, "  ", "--author", "B"}, 1, "Please enter a 'Project Name' and 'Project Author'."},
+        {{"new", app, "  ", "--author", "B"},
+         1,
+         "Please enter a 'Project Name' and 'Project Author'."},
         {{"new", app, "Other"}, 2, "--author is required"},
         {{"dump", app, "Missing"}, 1, "no such project"},
         {{"resave", app, ".."}, 1, "not a usable project name"},
+        // Names Windows-1252 can't write would all become "?": refused, not collapsed.
+        {{"new", app, "Ωμέγα", "--author", "B"},
+         1,
+         "\"Ωμέγα\" is not a usable project name: it holds \"?\""},
+        {{"dump", app, "Δέλτα"}, 1, "\"Δέλτα\" is not a usable project name"},
+        {{"new", app, "\x01\x02", "--author", "B"}, 1, "it holds a control character"},
+        {{"new", app, std::string(500, 'a'), "--author", "B"}, 1, "bytes too long"},
         {{"frobnicate"}, 2, "frobnicate"},
         {{}, 2, "subcommand"},
     };
@@ -78,6 +89,47 @@ TEST(OrreryTool, RefusalsExitNonZeroWithAClearMessage) {
     const ToolRun help = Orrery({"--help"});
     EXPECT_EQ(help.code, 0);
     EXPECT_NE(help.out.find("resave"), std::string::npos);
+}
+
+// Pipes and folders where files belong are reported, never waited on.
+TEST(OrreryTool, WhatIsNoFileIsReportedAsSuch) {
+    test::TempDir dir;
+    const std::string app = dir.path().string();
+    const fs::path data = dir.path() / "Data";
+    for (const char *name : {"Piped", "Folder", "Net"})
+        ASSERT_EQ(Orrery({"new", app, name, "--author", "A"}).code, 0);
+    fs::remove(data / "folder" / "settings.dat");
+    fs::create_directory(data / "folder" / "settings.dat");
+    ASSERT_TRUE(WriteTextFile(data / "words.dat", "word"));
+    const std::vector<fs::path> pipes = {data / "piped" / "settings.dat", data / "pname.dat",
+                                         data / "S" / "dns.dat", data / "names.dat"};
+    for (const fs::path &pipe : pipes) {
+        fs::remove(pipe);
+        ASSERT_TRUE(test::MakeFifo(pipe)) << pipe;
+    }
+    struct Case {
+        std::vector<std::string> args;
+        int code;
+        const char *message;
+    };
+    const std::string notAFile = "settings.dat: cannot read the project file: not a regular file";
+    const Case cases[] = {
+        {{"dump", app, "Piped"}, 1, notAFile.c_str()},
+        {{"resave", app, "Folder"}, 1, notAFile.c_str()},
+        {{"dump", app, "Missing"}, 1, "missing/settings.dat: no such project"},
+        {{"summary", app}, 1, "pname.dat names none: not a regular file"},
+        {{"world", (data / "S").string(), "exists", "1.2.3.4"}, 0, ""},
+        {{"generate", app, "Net"}, 1, "names.dat"},
+    };
+    EXPECT_TRUE(test::FinishesInTime(
+        [&] {
+            for (const Case &c : cases) {
+                const ToolRun run = Orrery(c.args);
+                EXPECT_EQ(run.code, c.code) << c.args[0] << ": " << run.err;
+                EXPECT_NE(run.err.find(c.message), std::string::npos) << run.err;
+            }
+        },
+        pipes));
 }
 
 TEST(OrreryTool, ScrambleAndUnscrambleEachLine) {
