@@ -72,10 +72,10 @@ TEST(DemoGame, PlaysFromANewProfileToSunriseAndLoadsBack) {
         "$stage=1\n",
         "title=Not enough credits\n",
         "$credits=100\n",
-        "~14722428~    help, status, scan, trace, killjob\n",
-        "~14722428     gate.halvard.com at 62.118.40.217 runs halvard gatekeeper with 3 open "
+        "<#7CA5E0>     help, status, scan, trace, killjob\n",
+        "<#7CA5E0>      gate.halvard.com at 62.118.40.217 runs halvard gatekeeper with 3 open "
         "ports.\n",
-        "~14722428     hop 3   81.42.7.199   depot.greyhaven.net   end of the line\n",
+        "<#7CA5E0>      hop 3   81.42.7.199   depot.greyhaven.net   end of the line\n",
         "$credits=150\n",
         "caption=depot.greyhaven.net\n",
         "\ndepot.greyhaven.net - 81.42.7.199\n",
@@ -86,8 +86,9 @@ TEST(DemoGame, PlaysFromANewProfileToSunriseAndLoadsBack) {
         "caption=Passcode LARKSPUR\n",
         "$hours=5\nvisible=True\ncaption=Hours to dawn - 5\n",
         "|Access granted. Export job dawnrun waits for six o'clock.\n",
-        "~33023     An hour has passed. Hours to dawn - 5.\n",
-        "?:\\> killjob\n~65280     Export job dawnrun stopped. Nothing leaves the depot tonight.\n",
+        "<#FF8000>      An hour has passed. Hours to dawn - 5.\n",
+        "?:\\> killjob\n<#00FF00>      Export job dawnrun stopped. Nothing leaves the depot "
+        "tonight.\n",
         "title=Sunrise\ntext=The export is dead",
         "$won=1\n$score=530\n",
         "items=From Mara - Sunrise|",
@@ -141,6 +142,79 @@ TEST(DemoGame, TheDesktopEndsTheGameWithOrWithoutASave) {
     run = play("--load", "statement $credits = RETURN_COMPLEX [1]\nstatement EXIT_GAME\n");
     EXPECT_EQ(run.code, 0) << run.err;
     EXPECT_NE(play("--load", "show var $credits\n").out.find("$credits=777"), std::string::npos);
+}
+
+} // namespace
+} // namespace orrery
+
+namespace orrery {
+namespace {
+
+// What an author's script may ask and what it is refused, with the script's own messages.
+TEST(DemoGame, TheScriptShowsTheDeskAndRefusesWhatItCannotDo) {
+    test::TempDir dir;
+    const std::string app = dir.path().string();
+    ASSERT_TRUE(MakeDemoApp(dir.path()));
+    const auto play = [&](const char *mode, const std::string &player, const std::string &script) {
+        return Orrery({"play", app, "Night Shift", "--player", player, mode}, script);
+    };
+
+    ToolRun run = play("--new", "Ann",
+                       "show var credits\nshow var $CREDITS\nopen Connector\n"
+                       "show elements Connector\nshow elements\n");
+    ASSERT_EQ(run.code, 0) << run.err;
+    EXPECT_TRUE(run.out.starts_with("$credits=100\n$credits=100\nlabeladdress: label in Connector, "
+                                    "visible, caption=Address\n"))
+        << run.out;
+    EXPECT_NE(run.out.find("labelhint: label in Connector, visible, caption=Last host traced "
+                           "(right-click to keep it...\n"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("labeldawn: label in Connector, visible, caption=Hours to dawn - 6\n"
+                           "listinbox: list in Mail, visible, items="),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(run.out.find("buttonbuy: button in Mail, hidden, caption="), std::string::npos);
+
+    // Each line stops its script with a message that says what was wrong.
+    const std::pair<const char *, const char *> refused[] = {
+        {"advance 1e30", "advance: \"1e30\" is not a whole number from 0 to 86400000"},
+        {"advance 86400001", "advance: \"86400001\" is not a whole number from 0 to 86400000"},
+        {"advance abc", "advance: \"abc\" is not a whole number"},
+        {"advance -5", "advance: \"-5\" is not a whole number"},
+        {"advance nan", "advance: \"nan\" is not a whole number"},
+        {"advance inf", "advance: \"inf\" is not a whole number"},
+        {"advance", "advance: \"\" is not a whole number"},
+        {"key 13 shoft", "key: \"shoft\" after the code is not \"shift\""},
+        {"key 0", "key: \"0\" is not a whole number from 1 to 255"},
+        {"quickclick 7", "quickclick: the quicklist has 6 rows"},
+        {"quickclick x", "quickclick: \"x\" is not a whole number"},
+        {"show var", "show var: which variable?"},
+        {"show elements Nowhere", "tool \"Nowhere\" is not on the desktop"},
+    };
+    for (const auto &[line, message] : refused) {
+        run = play("--load", "Ann", std::string(line) + "\n");
+        EXPECT_EQ(run.code, 1) << line;
+        EXPECT_NE(run.err.find(std::string("<stdin>:1: ") + message), std::string::npos)
+            << line << ": " << run.err;
+    }
+
+    // A new profile under a name in use is refused as on the profile screen, and names that
+    // Windows-1252 can't write don't become one file.
+    const fs::path profile = dir.path() / "Saved" / "Ann.vbz";
+    const auto before = fs::last_write_time(profile);
+    run = play("--new", "Ann.VBZ", "");
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err, "orrery: \"Ann.VBZ\": That profile name already exists!\n");
+    EXPECT_EQ(fs::last_write_time(profile), before);
+    for (const char *player : {"Ωμ", "Δέ"}) {
+        run = play("--new", player, "");
+        EXPECT_EQ(run.code, 1);
+        EXPECT_NE(run.err.find(std::string("\"") + player + "\" is not a usable player name"),
+                  std::string::npos)
+            << run.err;
+    }
+    EXPECT_FALSE(fs::exists(dir.path() / "Saved" / "??.vbz"));
 }
 
 } // namespace
