@@ -68,14 +68,14 @@ TEST(DemoGame, PlaysFromANewProfileToSunriseAndLoadsBack) {
     const char *moments[] = {
         "title=Night Shift\n",
         "Console: never opened, locked\nCracker: never opened, locked\n",
-        "Banner - Halvard Freight - night sync runs at six|",
+        "Banner - Halvard Freight - night sync at six|",
         "$stage=1\n",
         "title=Not enough credits\n",
         "$credits=100\n",
         "<#7CA5E0>     help, status, scan, trace, killjob\n",
-        "<#7CA5E0>      gate.halvard.com at 62.118.40.217 runs halvard gatekeeper with 3 open "
-        "ports.\n",
-        "<#7CA5E0>      hop 3   81.42.7.199   depot.greyhaven.net   end of the line\n",
+        "<#7CA5E0>      gate.halvard.com at 62.118.40.217\n"
+        "<#7CA5E0>      runs halvard gatekeeper, 3 open ports.\n",
+        "<#7CA5E0>      hop 3  81.42.7.199  depot.greyhaven.net\n",
         "$credits=150\n",
         "caption=depot.greyhaven.net\n",
         "\ndepot.greyhaven.net - 81.42.7.199\n",
@@ -85,10 +85,10 @@ TEST(DemoGame, PlaysFromANewProfileToSunriseAndLoadsBack) {
         "|Pass 8   LARKSPUR\n",
         "caption=Passcode LARKSPUR\n",
         "$hours=5\nvisible=True\ncaption=Hours to dawn - 5\n",
-        "|Access granted. Export job dawnrun waits for six o'clock.\n",
+        "|Access granted.|Export job dawnrun waits for six o'clock.\n",
         "<#FF8000>      An hour has passed. Hours to dawn - 5.\n",
-        "?:\\> killjob\n<#00FF00>      Export job dawnrun stopped. Nothing leaves the depot "
-        "tonight.\n",
+        "?:\\> killjob\n<#00FF00>      Export job dawnrun stopped.\n"
+        "<#00FF00>      Nothing leaves the depot tonight.\n",
         "title=Sunrise\ntext=The export is dead",
         "$won=1\n$score=530\n",
         "items=From Mara - Sunrise|",

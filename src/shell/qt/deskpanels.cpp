@@ -298,7 +298,7 @@ QRect HelpView::topicRect(int index) const {
 
 void HelpView::sync() {
     const Desk &desk = m_desk.game().desk;
-    const int h = 260;
+    const int h = 230;
     setGeometry(Px(120), parentWidget()->height() - h - Px(120), 560, h);
     if (isVisible() != desk.help.visible) {
         setVisible(desk.help.visible);

@@ -18,6 +18,8 @@
 
 #include <QKeyEvent>
 #include <QListWidget>
+#include <map>
+#include <set>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTest>
@@ -71,6 +73,36 @@ protected:
     PlaySession session;
     std::unique_ptr<DesktopWindow> desktop;
 };
+
+TEST_F(DeskGui, EachToolOpensInItsOwnPlaceOnTheSmallestScreen) {
+    desktop->resize(1024, 768);
+    Run("MENU_LOCK_OFF [console]");
+    Run("MENU_LOCK_OFF [cracker]");
+    std::map<std::string, QRect> placed;
+    for (const char *tool : {"Mail", "Connector", "Console", "Cracker"}) {
+        ToolView *view = Open(tool);
+        ASSERT_NE(view, nullptr) << tool;
+        placed[tool] = view->geometry();
+        EXPECT_TRUE(desktop->rect().contains(placed[tool])) << tool;
+    }
+    desktop->run([](Game &g) {
+        g.desk.help.visible = true;
+        ShowQuicklist(g.desk);
+    });
+    Shot(desktop.get(), "desktop-1024.png");
+    // The panels stand above the tools: no tool goes under them, nor under the side menu.
+    const QWidget *panels[] = {desktop->sideMenu(), desktop->quicklist(), desktop->findChild<QWidget *>("helper")};
+    for (const auto &[tool, rect] : placed) {
+        for (const QWidget *panel : panels) {
+            ASSERT_NE(panel, nullptr);
+            EXPECT_FALSE(rect.intersects(panel->geometry())) << tool << " under " << panel->objectName().toStdString();
+        }
+        // The Cracker, bought late, may lie over the Mail; no other two tools meet.
+        for (const auto &[other, otherRect] : placed)
+            if (tool < other && !(std::set<std::string>{tool, other} == std::set<std::string>{"Cracker", "Mail"}))
+                EXPECT_FALSE(rect.intersects(otherRect)) << tool << " over " << other;
+    }
+}
 
 TEST_F(DeskGui, ToolsDragByTheirTitleBarUnlessPinned) {
     ToolView *tool = Open("Connector");

@@ -17,6 +17,9 @@
 
 #include "platform/headless.h"
 #include "session/playsession.h"
+#include "shell/qonsole.h"
+#include "shell/qt/elementviews.h"
+#include "shell/qt/look.h"
 #include "shell/qt/quitsignals.h"
 
 #include <QAbstractButton>
@@ -80,6 +83,27 @@ protected:
         QTest::mouseClick(runtime.menu(), Qt::LeftButton, {}, runtime.menu()->lineRect(line).center());
         ASSERT_TRUE(WaitFor([&] { return answered && desktop() && desktop()->isVisible(); }));
         ASSERT_TRUE(runtime.session().Playing());
+    }
+
+    // Every line the game put in a list or on a console shows whole, up to the finale, where
+    // every mail has come: none runs past its element or ends in an ellipsis.
+    void ExpectEveryLineFits() {
+        for (QListWidget *list : desktop()->findChildren<QListWidget *>())
+            for (int i = 0; i < list->count(); ++i) {
+                const QString text = list->item(i)->text();
+                EXPECT_LE(list->fontMetrics().horizontalAdvance(text) + 8, list->viewport()->width())
+                    << list->objectName().toStdString() << ": " << text.toStdString();
+            }
+        for (QWidget *widget : desktop()->findChildren<QWidget *>()) {
+            const auto *console = dynamic_cast<const QonsoleView *>(widget);
+            if (!console) continue;
+            const int column = ConsoleHistoryIndex(game().desk.consoles, console->row());
+            ASSERT_GT(column, 0);
+            for (const std::string &row : game().desk.consoles.columns[static_cast<std::size_t>(column)].rows) {
+                const QString shown = ToQString(" " + LookOfRow(row).text);
+                EXPECT_LE(console->fontMetrics().horizontalAdvance(shown), console->width()) << row;
+            }
+        }
     }
 
     void LeaveByEscape() {
@@ -194,6 +218,7 @@ TEST_F(RunnerGui, PlaysFromMenuToDesktopAndBack) {
     ASSERT_TRUE(WaitFor([&] { return GetVariable(game(), "$won") == "1" && game().desk.message.visible; }));
     desktop()->sync();
     Shot(desktop(), "finale.png");
+    ExpectEveryLineFits();
     QTest::keyClick(desktop(), Qt::Key_Return);
 
     // Escape saves the profile and goes back to the menu.
