@@ -1,8 +1,9 @@
 // The substitution passes every statement argument goes through. ExpandSpecials on the full
 // tables (2000 variables, 1499 loaded elements) beside the same arguments on 20 and 20, and
-// beside the passes walked as plainly written, every table visited for every argument; and
-// a RETURN_COMPLEX sequence on a project of 250 variables and 300 loaded elements beside the
-// same sequence on empty tables. Before any timing, both passes must give the same texts.
+// beside the passes walked as plainly written, every table visited for every argument; a text
+// that names every variable beside one as long that names none; and a RETURN_COMPLEX sequence
+// on a project of 250 variables and 300 loaded elements beside the same sequence on empty
+// tables. Before any timing, both passes must give the same texts.
 #include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/variables.h"
@@ -230,6 +231,23 @@ void BM_WalkedExpandSpecials(benchmark::State &state) {
 BENCHMARK(BM_ExpandSpecials)->Arg(20)->Arg(2000);
 BENCHMARK(BM_WalkedExpandSpecials)->Arg(20)->Arg(2000);
 
+// A text that names each of the full table's 2000 variables once, beside a text as long with as
+// many "$" that names none: each name replaced costs a copy of the text, and no more.
+std::string EveryName(bool named) {
+    std::string text;
+    for (int row = 1; row <= kVariableRows; ++row)
+        text += (named ? VariableName(row) : "$none-" + IntText(row)) + " ";
+    return text;
+}
+
+void BM_ExpandEveryName(benchmark::State &state) {
+    Bench &b = Tables(2000);
+    const std::string text = EveryName(state.range(0) != 0);
+    for (auto _ : state) benchmark::DoNotOptimize(ExpandSpecials(b.game, text));
+    state.counters["bytes"] = static_cast<double>(text.size());
+}
+BENCHMARK(BM_ExpandEveryName)->Arg(0)->Arg(1)->Unit(benchmark::kMicrosecond);
+
 // A sequence of RETURN_COMPLEX statements: arithmetic that comes back to where it started,
 // texts built from variables and elements, an element written.
 std::string ComplexSequence() {
@@ -277,6 +295,8 @@ int main(int argc, char **argv) {
                "BM_WalkedExpandSpecials/2000", "BM_ExpandSpecials/2000", 0);
     PrintRatio(reporter, "walked / indexed (our speed), 20 and 20", "BM_WalkedExpandSpecials/20",
                "BM_ExpandSpecials/20", 0);
+    PrintRatio(reporter, "a text naming all 2000 variables / naming none", "BM_ExpandEveryName/1",
+               "BM_ExpandEveryName/0", 0);
     PrintRatio(reporter, "RETURN_COMPLEX sequence, 250 and 300 / empty",
                "BM_ReturnComplexSequence/250", "BM_ReturnComplexSequence/0", 0);
     if (const auto seconds = reporter.Seconds("BM_ReturnComplexSequence/250"))

@@ -23,6 +23,15 @@ struct Game;
 inline constexpr int kGunSlots = 89;
 // Steps (fields visited) that one run of a sequence may take, with every walk inside it.
 inline constexpr std::int64_t kMaxWalkSteps = 1000000;
+// The work that one run of a sequence may do, with every walk inside it, in bytes of text
+// handled: each walk's sequence, each step's line, and each text the substitutions build. A
+// step counts kStepWork besides, for what any statement costs whatever its text (the yield,
+// the dispatch, the draws of the special names). A run of ordinary statements stays far
+// below; a loop that grows a text, or calls qlobs by the hundred thousand, ends here.
+inline constexpr std::int64_t kStepWork = 4096;
+// A random letter drawn counts as much, by the time it takes.
+inline constexpr std::size_t kDrawWork = 64;
+inline constexpr std::int64_t kMaxWalkWork = std::int64_t{128} << 20;
 
 // What the engine asks of the platform. The Qt shell runs its event queue; a headless host
 // keeps a virtual clock.
@@ -90,6 +99,13 @@ struct Game {
     // lower limit: the fuzzer does, to keep each input short.
     std::int64_t walkSteps = 0;
     std::int64_t walkStepLimit = kMaxWalkSteps;
+    // Work done since the outermost walk began, counted as the steps are; past the limit
+    // every walk ends the same way.
+    std::int64_t walkWork = 0;
+    std::int64_t walkWorkLimit = kMaxWalkWork;
+
+    void CountWork(std::size_t bytes) { walkWork += static_cast<std::int64_t>(bytes); }
+    bool WorkSpent() const { return walkWork > walkWorkLimit; }
 
     RandomSources Sources() { return {world, words, random}; }
 };

@@ -24,6 +24,17 @@ struct Walk {
     std::string stopText;
 };
 
+// Whether the name form of an entry begins with prefix, without building the form: a qlob
+// call then costs its name, not the text of every qlob before the one it runs.
+bool NormStartsWith(std::string_view entry, std::string_view prefix) {
+    const std::string_view trimmed = TrimView(entry);
+    if (trimmed.size() < prefix.size()) return false;
+    // Byte by byte, so that a long prefix stops at the first byte that differs.
+    for (std::size_t i = 0; i < prefix.size(); ++i)
+        if (LowerCase(trimmed.substr(i, 1)) != prefix.substr(i, 1)) return false;
+    return true;
+}
+
 // A field of the walk, trimmed; past the end "".
 std::string Field(const std::vector<std::string_view> &fields, int i) {
     return i >= 1 && i <= static_cast<int>(fields.size()) ? Trim(fields[static_cast<std::size_t>(i - 1)])
@@ -78,6 +89,8 @@ void WalkFields(Game &game, const std::vector<std::string_view> &fields) {
     for (int i = 1; i <= kMaxSequenceFields; ++i) {
         if (++idle > kMaxIdleSteps || ++game.walkSteps > game.walkStepLimit) return;
         std::string line = Field(fields, i);
+        game.CountWork(kStepWork + line.size());
+        if (game.WorkSpent()) return;
         if (line.empty() && Field(fields, i + 1).empty()) return;
         if (line.empty() || line == ":") continue;
         if (walk.skipping) {
@@ -134,7 +147,8 @@ void RunSequence(Game &game, std::string sequence, int ownerRow, int mode) {
     }
     sequence = ReplaceAll(sequence, "action:", "");
     for (int pass = 0; pass < 2; ++pass) sequence = ReplaceAll(sequence, "``", "`");
-    if (game.walkDepth == 0) game.walkSteps = 0;
+    if (game.walkDepth == 0) game.walkSteps = game.walkWork = 0;
+    game.CountWork(sequence.size());
     ++game.walkDepth;
     ++game.RunningSequences;
     WalkFields(game, SplitFields(sequence));
@@ -147,7 +161,7 @@ void RunQlob(Game &game, std::string &name) {
     if (name.empty() || InStr(name, "none")) return;
     for (int slot = 1; slot <= decltype(game.project.QlobTable)::kSize; ++slot) {
         const std::string &entry = game.project.QlobTable[slot];
-        if (!NormText(entry).starts_with(name)) continue;
+        if (!NormStartsWith(entry, name)) continue;
         name = Trim(entry);
         const std::size_t blank = name.find(' ');
         if (blank == std::string::npos) continue;

@@ -29,50 +29,46 @@ using TextMap = std::unordered_map<std::string, Value, TextHash, std::equal_to<>
 // Names to find in a text, each with the ascending positions that carry it: rows of a table
 // or entries of TLink. A pass walks the positions in order, and at each one replaces every
 // occurrence of its name if the text holds it at that moment; so a replacement can bring in a
-// name that a later position then catches. The index replays exactly that walk: from the last
-// position replaced it looks up the text's substrings for the next position whose name is
-// there, without visiting the positions in between.
+// name that a later position then catches. The index replays exactly that walk, but it reads
+// the text once: it counts the names the text holds, and after each replacement it reads only
+// round the places that changed. So a pass costs the text once, plus one copy of it for each
+// name replaced, however many names the text holds.
 class NameIndex {
 public:
+    // The replacement for the name at a position, asked when the walk gets there.
+    using ValueOf = std::function<std::string(int position, const std::string &name)>;
+
     // Positions come in ascending order; an empty name is never looked for.
     void Add(std::string_view name, int position);
-    void Clear() { m_groups.clear(); }
+    void Clear();
 
     // One walk for each length of name in turn, longest first, over the positions of that
-    // length. valueOf(position, name) gives the replacement when the walk gets there.
-    template <typename ValueOf> void ReplaceEachLength(std::string &text, ValueOf valueOf) const {
-        for (std::size_t group = 0; group < m_groups.size(); ++group)
-            Replay(text, valueOf, group, group + 1);
-    }
+    // length. Returns the bytes of text the walks built, the measure of their work.
+    std::size_t ReplaceEachLength(std::string &text, const ValueOf &valueOf) const;
     // One walk over all positions, whatever the length of their names.
-    template <typename ValueOf> void ReplaceInOrder(std::string &text, ValueOf valueOf) const {
-        Replay(text, valueOf, 0, m_groups.size());
-    }
+    std::size_t ReplaceInOrder(std::string &text, const ValueOf &valueOf) const;
 
 private:
+    struct Name {
+        std::string text;
+        std::vector<int> positions;
+    };
     // The names of one length, and the bytes they begin and end with, to pass over most of
-    // the text without a lookup: a scan jumps from one first byte to the next.
+    // the text without a lookup.
     struct Group {
         std::size_t length = 0;
         std::string firstBytes; // each once
+        std::array<bool, 256> first{};
         std::array<bool, 256> last{};
-        TextMap<std::vector<int>> positions;
+        TextMap<int> ids; // into m_names
     };
-    struct Hit {
-        int position = 0;
-        const std::string *name = nullptr;
-    };
+    class Walk;
 
-    // The smallest position past `after` whose name the text holds, among groups [from, to).
-    Hit Next(std::string_view text, int after, std::size_t from, std::size_t to) const;
-
-    template <typename ValueOf>
-    void Replay(std::string &text, ValueOf &valueOf, std::size_t from, std::size_t to) const {
-        for (Hit hit = Next(text, 0, from, to); hit.name; hit = Next(text, hit.position, from, to))
-            text = ReplaceAll(text, *hit.name, valueOf(hit.position, *hit.name));
-    }
+    std::size_t Replay(std::string &text, const ValueOf &valueOf, std::size_t from,
+                       std::size_t to) const;
 
     std::vector<Group> m_groups; // longest names first
+    std::vector<Name> m_names;
 };
 
 // The run-time user variables: rows 1 to 2000 of name and value, filled from row 1. Values

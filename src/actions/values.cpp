@@ -1,6 +1,7 @@
 // The RETURN family and DeliverResult.
 #include "actions/values.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -36,6 +37,14 @@ Head TakeHead(Game &game, const Statement &st, int argCount, bool expandTarget =
     for (int i = 1; i <= argCount; ++i)
         head.args[static_cast<std::size_t>(i)] = ExpandSpecials(game, Trim(BracketArg(st.rest, i)));
     return head;
+}
+
+// Whether the text holds a sign of arithmetic: a search for each sign, where find_first_of
+// would ask the set once for every byte, which a long text feels.
+bool HasOperator(std::string_view text) {
+    constexpr std::string_view kSigns = "*-/+";
+    return std::any_of(kSigns.begin(), kSigns.end(),
+                       [text](char sign) { return text.find(sign) != std::string_view::npos; });
 }
 
 // The first element row of that name, up to the rows' bound; 0 when none.
@@ -123,7 +132,7 @@ std::string ReturnComplex(Game &game, Statement &st) {
     std::string target = NormText(StripBrackets(st.target));
     value = ExpandSpecials(game, value);
     target = ResolveIndexedName(game, target);
-    if (value.find_first_of("*-/+") != std::string::npos) {
+    if (HasOperator(value)) {
         const std::size_t p = FirstOperatorPos(value);
         const bool arithmetic = (p > 0 && IsNumeric(value.substr(0, p - 1))) || Val(value) < 0;
         // A division by zero leaves the expression's text as the value.
@@ -232,9 +241,13 @@ std::string ReturnMid(Game &game, Statement &st) {
 std::string ReturnRandomChar(Game &game, Statement &st) {
     Head head = TakeHead(game, st, 1);
     const auto count = RoundToInt32(Val(head.args[1]));
+    const auto letters = static_cast<std::size_t>(std::max(1, count.value_or(1)));
+    // More letters than a delivery takes would never be delivered: none is drawn.
+    if (letters > kMaxDeliveredLength) return {};
+    game.CountWork(letters * kDrawWork);
     std::string value;
-    for (int i = 0; i < std::max(1, count.value_or(1)) && i < 65536; ++i)
-        value += static_cast<char>(65 + R(game.random, 26));
+    value.reserve(letters);
+    for (std::size_t i = 0; i < letters; ++i) value += static_cast<char>(65 + R(game.random, 26));
     return Delivered(game, value, head.target);
 }
 

@@ -47,9 +47,10 @@ std::string WithIndexSubstituted(Game &game, const std::string &text) {
 
 // Names of loaded elements, in load order, replaced by their content.
 std::string ElementNames(Game &game, std::string text) {
-    LoadedTags(game).ReplaceInOrder(text, [&game](int index, const std::string &tag) {
-        return game.desk.TLinkString(index, tag);
-    });
+    game.CountWork(
+        LoadedTags(game).ReplaceInOrder(text, [&game](int index, const std::string &tag) {
+            return game.desk.TLinkString(index, tag);
+        }));
     return text;
 }
 
@@ -85,7 +86,9 @@ std::string ExpandSpecialNames(Game &game, std::string text) {
 
 std::string ExpandSpecials(Game &game, std::string_view text) {
     if (IsBlank(text)) return {};
+    game.CountWork(text.size());
     std::string expanded = ExpandSpecialNames(game, std::string(text));
+    game.CountWork(expanded.size());
     expanded = ReplaceAll(expanded, "_$", "$");
     expanded = WithIndexSubstituted(game, expanded);
     expanded = SubstituteVariables(game, expanded);
@@ -97,8 +100,10 @@ std::string ExpandSpecials(Game &game, std::string_view text) {
 std::string SubstituteVariables(Game &game, std::string_view text) {
     std::string result = ReplaceAll(text, "_$", "$");
     const RuntimeVariables &variables = game.VariableTable;
-    variables.Index().substituted.ReplaceEachLength(
-        result, [&variables](int row, const std::string &) { return variables[row].value; });
+    game.CountWork(result.size() + variables.Index().substituted.ReplaceEachLength(
+                                       result, [&variables](int row, const std::string &) {
+                                           return variables[row].value;
+                                       }));
     return result;
 }
 

@@ -157,10 +157,10 @@ TEST(Containment, StatementLoopsEndAtTheRunsStepLimit) {
         int statements;
     };
     const Case cases[] = {
-        {"~a`tick`_GOTO a", kMaxWalkSteps, 333333},
+        {"~a`tick`_GOTO a", kMaxWalkSteps, 333333}, // the work, set out of reach, ends nothing
         {"~a`tick`tick {$a = 9}`_GOTO a", 3000, 750},
-        {"~a`QLOB [spin]`_GOTO a", 3000, 1500},  // each turn: 3 steps here, 3 in the qlob
-        {"QLOB [forever]`tick", 3000, 1001},     // the qlob's loop ends the caller too
+        {"~a`QLOB [spin]`_GOTO a", 3000, 1500}, // each turn: 3 steps here, 3 in the qlob
+        {"QLOB [forever]`tick", 3000, 1001},    // the qlob's loop ends the caller too
     };
     for (const Case &c : cases) {
         test::EngineFixture f;
@@ -168,11 +168,40 @@ TEST(Containment, StatementLoopsEndAtTheRunsStepLimit) {
         f.project.QlobTable[1] = "spin tick`tick";
         f.project.QlobTable[2] = "forever ~b`tick`_GOTO b";
         f.game.walkStepLimit = c.limit;
+        f.game.walkWorkLimit = INT64_MAX;
         f.Run(c.sequence);
         EXPECT_EQ(f.host.yields, c.statements) << c.sequence;
         EXPECT_EQ(f.game.walkDepth, 0);
         f.Run("tick"); // the next run has steps of its own
         EXPECT_EQ(f.host.yields, c.statements + 1) << c.sequence;
+    }
+}
+
+TEST(Containment, RunsEndWhenTheirWorkIsSpent) {
+    // Each would run to the step limit, for seconds to minutes; the work ends it far sooner.
+    // The doubling stops where a delivery can't take its text, the qlob's caller never goes on.
+    struct Case {
+        const char *sequence;
+        std::size_t logLength;
+        int mostStatements;
+    };
+    const Case cases[] = {
+        {"$log = RETURN_COMPLEX [x]`~top`$log = RETURN_COMPLEX [$log$log]`_GOTO [top]", 32768,
+         2000},
+        {"QLOB [twice]`$log = RETURN_COMPLEX [never]", 0, 40000},
+        {"~a`$log = RETURN_RANDOM_CHAR [65535]`_GOTO a", 65535, 100},
+    };
+    for (const Case &c : cases) {
+        test::EngineFixture f;
+        f.Declare({{"$log", ""}});
+        f.project.QlobTable[1] = "twice QLOB [twice]`QLOB [twice]";
+        f.Run(c.sequence);
+        EXPECT_GT(f.game.walkWork, kMaxWalkWork) << c.sequence;
+        EXPECT_LT(f.host.yields, c.mostStatements) << c.sequence;
+        EXPECT_EQ(f.Var("$log").size(), c.logLength) << c.sequence;
+        const int yields = f.host.yields;
+        f.Run("tick"); // the next run has work of its own
+        EXPECT_EQ(f.host.yields, yields + 1) << c.sequence;
     }
 }
 

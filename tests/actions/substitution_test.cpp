@@ -63,8 +63,8 @@ struct Maker {
         for (int n = Below(most + 1); n > 0; --n) text += "abA"[Below(3)];
         return text;
     }
-    // Short names that are prefixes of one another, now and then padded, capitalised or longer
-    // than SubstituteVariables reaches.
+    // Short names that are prefixes of one another or overlap themselves, now and then padded,
+    // capitalised or longer than SubstituteVariables reaches.
     std::string Name() {
         switch (Below(12)) {
         case 0:
@@ -75,6 +75,8 @@ struct Maker {
             return " $" + Letters(2) + " ";
         case 3:
             return "$" + std::string(20 + static_cast<std::size_t>(Below(3)), 'a');
+        case 4:
+            return Letters(3); // without "$": "aa" overlaps itself in "aaa"
         default:
             return "$" + Letters(3);
         }
