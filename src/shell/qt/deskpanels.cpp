@@ -442,8 +442,15 @@ void DebugView::paintEvent(QPaintEvent *) {
     painter.setPen(QColor(0, 220, 120));
     painter.setFont(ProjectFont("Courier New", 8));
     painter.drawText(QPoint(8, 16), "DEBUG");
+    // The button sinks while held, and counts its clicks beside it.
+    if (m_pressed) painter.fillRect(buttonRect(), QColor(0, 220, 120));
     painter.drawRect(buttonRect());
+    painter.setPen(m_pressed ? QColor(12, 12, 12) : QColor(0, 220, 120));
     painter.drawText(buttonRect(), Qt::AlignCenter, "...");
+    painter.setPen(QColor(0, 220, 120));
+    if (game.desk.debugClicks > 0)
+        painter.drawText(buttonRect().translated(-buttonRect().width() - 6, 0), Qt::AlignVCenter | Qt::AlignRight,
+                         QString::number(game.desk.debugClicks));
     painter.drawText(QPoint(8, 36), "Gun");
     int y = 52;
     for (const std::string &slot : game.GunQueue) {
@@ -457,8 +464,19 @@ void DebugView::paintEvent(QPaintEvent *) {
 
 void DebugView::mousePressEvent(QMouseEvent *event) {
     const QPoint at = event->position().toPoint();
-    if (buttonRect().contains(at)) m_desk.run([](Game &game) { DebugButtonClick(game); });
-    else if (labelRect().contains(at)) m_desk.run([](Game &game) { DebugLabelClick(game); });
+    if (buttonRect().contains(at)) {
+        m_pressed = true;
+        update();
+        m_desk.run([](Game &game) { DebugButtonClick(game); });
+    } else if (labelRect().contains(at)) {
+        m_desk.run([](Game &game) { DebugLabelClick(game); });
+    }
+}
+
+void DebugView::mouseReleaseEvent(QMouseEvent *) {
+    if (!m_pressed) return;
+    m_pressed = false;
+    update();
 }
 
 } // namespace orrery

@@ -48,9 +48,10 @@ DesktopWindow::DesktopWindow(PlaySession &session, QtHost &host, QWidget *parent
         panel->hide();
     m_quickMenu = new QMenu(this);
     m_quickMenu->setObjectName("zMenus");
-    m_quickMenu->addAction(ToQString(kQuickAddServerCaption),
+    // The captions' "&" marks an access key the menu has no use for: shown, it underlines a dash.
+    m_quickMenu->addAction(ToQString(kQuickAddServerCaption).remove(QLatin1Char('&')),
                            [this] { run([](Game &game) { AddQuickListServer(game); }); });
-    m_quickMenu->addAction(ToQString(kQuickAddTextCaption),
+    m_quickMenu->addAction(ToQString(kQuickAddTextCaption).remove(QLatin1Char('&')),
                            [this] { run([](Game &game) { AddQuickListText(game); }); });
     connect(m_quickMenu, &QMenu::aboutToHide, this, [this] {
         if (playing()) game().desk.quickMenuVisible = false;
@@ -74,9 +75,22 @@ void DesktopWindow::enter() {
     g.desk.formHeight = Twips(height());
     g.desk.consoles.measure = &QtTextMeasure();
     m_background = LoadPicture(paths().ResPath() / "uimages", g.project.settings.mygamebackground);
+    StyleQuickMenu();
     m_scaled = {};
     m_host.SetWindow(this);
     m_host.Run([this] { m_session.EnterDesktop(); });
+}
+
+// The pop-up wears the top menu's colours and font, as the game's other menus do.
+void DesktopWindow::StyleQuickMenu() {
+    const ProjectSettings &s = game().project.settings;
+    m_quickMenu->setFont(ProjectFont("Verdana", 8, true));
+    m_quickMenu->setStyleSheet(QStringLiteral("QMenu { background: %1; color: %2; border: 1px solid %3; padding: 2px; }"
+                                              "QMenu::item { padding: 5px 18px; }"
+                                              "QMenu::item:selected { background: %4; color: %5; }")
+                                   .arg(ToQColor(s.mytopmenubackcolor).name(), ToQColor(s.mytopmenuforecolor).name(),
+                                        ToQColor(s.mytoolsbordercolor).name(), ToQColor(s.mytopmenubackcolorsel).name(),
+                                        ToQColor(s.mytopmenuforecolorsel).name()));
 }
 
 void DesktopWindow::run(const std::function<void(Game &)> &work) {

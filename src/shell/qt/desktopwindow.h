@@ -70,6 +70,7 @@ protected:
 private:
     bool handleKey(QKeyEvent *event);
     bool handleCharacter(const QKeyEvent &event);
+    void StyleQuickMenu();
     void restack();
     void followFocus();
     void checkLeave();

@@ -49,8 +49,12 @@ fs::path Runtime::FindRoot(const fs::path &program) {
     return folder;
 }
 
+std::string Runtime::gameName() const {
+    return Trim(ReplaceAll(ReadTextFile(m_paths.ProjectNameFile()), "\r\n", ""));
+}
+
 void Runtime::start() {
-    m_splash = new SplashWindow();
+    m_splash = new SplashWindow(ToQString(gameName()));
     connect(m_splash, &SplashWindow::finished, this, &Runtime::showMenu);
     m_splash->show();
 }
@@ -68,7 +72,7 @@ void Runtime::showMenu() {
         if (answer == QMessageBox::Cancel) return exit();
     }
     InstallFonts(m_paths.FontsPath());
-    const std::string name = Trim(ReplaceAll(ReadTextFile(m_paths.ProjectNameFile()), "\r\n", ""));
+    const std::string name = gameName();
     HostScreen host;
     host.widthTwips = Twips(pixels.width());
     host.heightTwips = Twips(pixels.height());

@@ -37,6 +37,7 @@ public:
     // stands beside it, else the folder above (the build keeps it as Data/runner).
     static std::filesystem::path FindRoot(const std::filesystem::path &program);
 
+    SplashWindow *splash() const { return m_splash; }
     MenuWindow *menu() const { return m_menu; }
     DesktopWindow *desktop() const { return m_desktop; }
     PlaySession &session() { return m_session; }
@@ -51,6 +52,8 @@ signals:
     void finished();
 
 private:
+    // The game's name, as Data/pname.dat gives it.
+    std::string gameName() const;
     void showMenu();
     void openProfiles(bool loadMode);
     void openDesktop();

@@ -55,8 +55,8 @@ void PaintOrreryEmblem(QPainter &painter, const QRectF &rect) {
     painter.restore();
 }
 
-SplashWindow::SplashWindow(QWidget *parent)
-    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint) {
+SplashWindow::SplashWindow(const QString &title, QWidget *parent)
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint), m_title(title) {
     setFixedSize(kSplashSize);
     if (const QScreen *screen = QGuiApplication::primaryScreen())
         move(screen->geometry().center() - rect().center());
@@ -80,9 +80,13 @@ void SplashWindow::paintEvent(QPaintEvent *) {
     QFont title = font();
     title.setPointSize(24);
     title.setBold(true);
+    // A long name is made smaller until it fits, then cut.
+    while (title.pointSize() > 12 && QFontMetrics(title).horizontalAdvance(m_title) > text.width())
+        title.setPointSize(title.pointSize() - 2);
     painter.setFont(title);
     painter.setPen(QColor(235, 238, 250));
-    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Orrery Kit"));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                     QFontMetrics(title).elidedText(m_title, Qt::ElideRight, text.width()));
     QFont note = font();
     note.setPointSize(9);
     painter.setFont(note);

@@ -1,4 +1,4 @@
-// The run-time's first window: a small picture that stands for 300 ms before the menu comes.
+// The run-time's first window: the game's name beside the emblem, for 300 ms before the menu.
 #pragma once
 
 #include <QRectF>
@@ -15,8 +15,10 @@ void PaintOrreryEmblem(QPainter &painter, const QRectF &rect);
 class SplashWindow : public QWidget {
     Q_OBJECT
 public:
-    // Frameless and centred on the screen; the 300 ms start with the window.
-    explicit SplashWindow(QWidget *parent = nullptr);
+    // Frameless and centred on the screen; the 300 ms start with the window. title is the
+    // game's name.
+    explicit SplashWindow(const QString &title, QWidget *parent = nullptr);
+    QString title() const { return m_title; }
 
 signals:
     // The wait is over: the menu may come.
@@ -24,6 +26,9 @@ signals:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_title;
 };
 
 } // namespace orrery

@@ -12,6 +12,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace orrery {
 
 namespace {
@@ -143,6 +145,23 @@ void ToolView::paintEvent(QPaintEvent *) {
     }
 }
 
+namespace {
+
+// A window dragged on the desktop keeps its title bar in reach: wholly below the top edge, and
+// at least this many pixels of it on the screen sideways and above the bottom edge.
+constexpr int kBarInReach = 60;
+
+QPoint WithTitleBarInReach(QPoint topLeft, const QWidget &window, int barHeight) {
+    const QWidget *desktop = window.parentWidget();
+    if (!desktop) return topLeft;
+    const int keep = std::min(kBarInReach, window.width());
+    topLeft.setX(std::clamp(topLeft.x(), keep - window.width(), desktop->width() - keep));
+    topLeft.setY(std::clamp(topLeft.y(), 0, std::max(0, desktop->height() - barHeight)));
+    return topLeft;
+}
+
+} // namespace
+
 void ToolView::mousePressEvent(QMouseEvent *event) {
     const QPoint at = event->position().toPoint();
     m_desk.run([box = m_box](Game &game) { ToolPress(game, box); });
@@ -160,7 +179,7 @@ void ToolView::mouseMoveEvent(QMouseEvent *event) {
     if (!m_desk.playing()) return;
     m_desk.game().desk.consoles.focus = 0;
     if (!m_dragging) return;
-    const QPoint topLeft = event->globalPosition().toPoint() - m_dragFrom;
+    const QPoint topLeft = WithTitleBarInReach(event->globalPosition().toPoint() - m_dragFrom, *this, TitleBarHeight());
     ToolBox &box = m_desk.game().desk.Box(m_box);
     box.left = Twips(topLeft.x());
     box.top = Twips(topLeft.y());
@@ -282,7 +301,7 @@ void SideMenuView::paintEvent(QPaintEvent *) {
 
 void SideMenuView::mouseMoveEvent(QMouseEvent *event) {
     if (m_dragging) {
-        move(event->globalPosition().toPoint() - m_dragFrom);
+        move(WithTitleBarInReach(event->globalPosition().toPoint() - m_dragFrom, *this, TitleBarHeight()));
         return;
     }
     const int entry = entryAt(event->position().toPoint());

@@ -17,6 +17,7 @@
 #include "shell/tools.h"
 
 #include <QKeyEvent>
+#include <QMenu>
 #include <QListWidget>
 #include <map>
 #include <set>
@@ -194,6 +195,43 @@ TEST_F(DeskGui, AOneLineTextBoxShowsItsWholeTextCentredWithoutAScrollBar) {
     QTest::mouseClick(quick, Qt::LeftButton, {}, quick->rowRect(1).center());
     EXPECT_EQ(address->toPlainText(), "depot.greyhaven.net");
     expectWholeAndCentred("from the quicklist");
+}
+
+TEST_F(DeskGui, AToolsTitleBarStaysInReachWhereverItIsDragged) {
+    ToolView *tool = Open("Connector");
+    const QRect screen = desktop->rect();
+    for (const QPoint by : {QPoint(-3000, 0), QPoint(3000, 3000), QPoint(0, -3000)}) {
+        Drag(tool, QPoint(60, 10), by);
+        const QRect bar(tool->pos(), QSize(tool->width(), TitleBarHeight()));
+        EXPECT_GE(bar.top(), 0) << by.x() << "," << by.y();
+        EXPECT_LE(bar.bottom(), screen.bottom()) << by.x() << "," << by.y();
+        EXPECT_GE(bar.intersected(screen).width(), 60) << by.x() << "," << by.y();
+        EXPECT_EQ(tool->pos(), QPoint(Px(game().desk.Box(tool->box()).left), Px(game().desk.Box(tool->box()).top)));
+    }
+}
+
+TEST_F(DeskGui, TheQuicklistMenuWearsTheGamesColoursAndTheDebugButtonAnswers) {
+    ToolView *tool = Open("Connector");
+    Run("labelfound = RETURN_COMPLEX [depot.greyhaven.net]");
+    QTest::mouseClick(Element(tool, "labelfound"), Qt::RightButton);
+    QMenu *menu = desktop->quickMenu();
+    ASSERT_TRUE(menu->isVisible());
+    for (const QAction *action : menu->actions()) EXPECT_FALSE(action->text().contains('&'));
+    const QImage shown = menu->grab().toImage();
+    menu->grab().save(QString(ORRERY_SCREENS_DIR) + "/quickmenu.png");
+    EXPECT_EQ(shown.pixelColor(shown.width() - 6, shown.height() / 4),
+              ToQColor(game().project.settings.mytopmenubackcolor));
+    menu->hide();
+
+    QTest::keyClick(desktop.get(), Qt::Key_F12, Qt::ShiftModifier);
+    auto *debug = desktop->findChild<DebugView *>("Picture2");
+    ASSERT_TRUE(debug && debug->isVisible());
+    const QImage before = debug->grab().toImage();
+    QTest::mousePress(debug, Qt::LeftButton, {}, debug->buttonRect().center());
+    EXPECT_NE(debug->grab().toImage(), before);
+    QTest::mouseRelease(debug, Qt::LeftButton, {}, debug->buttonRect().center());
+    EXPECT_EQ(game().desk.debugClicks, 1);
+    EXPECT_NE(debug->grab().toImage(), before); // the count stands beside it
 }
 
 TEST_F(DeskGui, TheTopMenuChoosesOnReleaseAndEscapeClosesOnlyItsDropDown) {

@@ -13,6 +13,7 @@
 #include "shell/qt/desktopwindow.h"
 #include "shell/qt/menuwindow.h"
 #include "shell/qt/runtime.h"
+#include "shell/qt/splash.h"
 #include "shell/qt/toolview.h"
 
 #include "platform/headless.h"
@@ -118,6 +119,9 @@ protected:
 
 TEST_F(RunnerGui, PlaysFromMenuToDesktopAndBack) {
     runtime.start();
+    ASSERT_NE(runtime.splash(), nullptr);
+    EXPECT_EQ(runtime.splash()->title(), "Night Shift"); // the game's name, not the system's
+    Shot(runtime.splash(), "splash.png");
     ASSERT_TRUE(WaitFor([&] { return runtime.menu() && runtime.menu()->isVisible(); }));
     Shot(runtime.menu(), "menu.png");
 
