@@ -112,6 +112,9 @@ ProfileClick ClickIt(const AppPaths &paths, ProfileOption option, std::string_vi
         return {ProfileClick::Next::ShowMessage, std::string(kEnterName)};
     if (ProfileTaken(paths, name))
         return {ProfileClick::Next::ShowMessage, std::string(kNameTaken)};
+    // A name no file can carry is refused before anything is made, and the screen says why.
+    if (const std::string problem = NameProblem(name, NameKind::Player); !problem.empty())
+        return {ProfileClick::Next::ShowStatus, UnusableName(name, NameKind::Player, problem)};
     return {ProfileClick::Next::StartNew, name};
 }
 

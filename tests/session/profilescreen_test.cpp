@@ -51,7 +51,8 @@ TEST(ProfileScreen, ConfirmChecksTheNameOrTheSelection) {
         {ProfileOption::New, "bob", ShowMessage, taken},
         {ProfileOption::New, "Dee", ShowMessage, taken},
         {ProfileOption::New, " Eve.VBZ", StartNew, "Eve"},
-        {ProfileOption::New, "a\\b", StartNew, "a\\b"}, // fails when the game starts
+        {ProfileOption::New, "a\\b", ShowStatus, UnusableName("a\\b", NameKind::Player, NameProblem("a\\b", NameKind::Player))},
+        {ProfileOption::New, "??", ShowStatus, UnusableName("??", NameKind::Player, NameProblem("??", NameKind::Player))},
         {ProfileOption::Load, "  ", ShowStatus, "Choose a profile to load."},
         {ProfileOption::Load, "Cy", StartLoad, "Cy"},
     };
