@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -87,6 +88,7 @@ ProfileDialog::ProfileDialog(const AppPaths &paths, bool loadMode, StartGame sta
     // Enter in the name box confirms, as a player expects of a one-field form.
     connect(m_name, &QLineEdit::returnPressed, this, [this] { ClickIt(); });
     m_name->installEventFilter(this);
+    m_list->installEventFilter(this);
     SetBox();
 }
 
@@ -169,6 +171,14 @@ bool ProfileDialog::eventFilter(QObject *watched, QEvent *event) {
     // Selected after the click that gave the focus has placed the cursor.
     if (watched == m_name && event->type() == QEvent::FocusIn)
         QTimer::singleShot(0, m_name, &QLineEdit::selectAll);
+    // Enter on the list of profiles confirms, as Enter in the name box does.
+    if (watched == m_list && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            ClickIt();
+            return true;
+        }
+    }
     return BarDialog::eventFilter(watched, event);
 }
 

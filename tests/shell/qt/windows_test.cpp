@@ -47,7 +47,7 @@ TEST(ProfileDialog, LoadsTheFirstProfileOrSaysThereIsNone) {
     ProfileScreenWindow some(true, {"Bo.vbz", "Ada.vbz"});
     QApplication::processEvents();
     Shot(some.dialog.get(), "profile-load.png");
-    some.Start();
+    QTest::keyClick(some.dialog->findChild<QListWidget *>("List1"), Qt::Key_Return);
     EXPECT_EQ(some.started, std::vector<std::string>{"load Ada"});
 
     ProfileScreenWindow none(true);
