@@ -31,8 +31,9 @@ using TextMap = std::unordered_map<std::string, Value, TextHash, std::equal_to<>
 // occurrence of its name if the text holds it at that moment; so a replacement can bring in a
 // name that a later position then catches. The index replays exactly that walk, but it reads
 // the text once: it counts the names the text holds, and after each replacement it reads only
-// round the places that changed. So a pass costs the text once, plus one copy of it for each
-// name replaced, however many names the text holds.
+// round the places that changed, or the whole text again when those are many. So a pass costs
+// the text once, plus a copy and at most one more reading of it for each name replaced,
+// however many names the text holds.
 class NameIndex {
 public:
     // The replacement for the name at a position, asked when the walk gets there.
@@ -64,11 +65,11 @@ private:
     };
     class Walk;
 
-    std::size_t Replay(std::string &text, const ValueOf &valueOf, std::size_t from,
-                       std::size_t to) const;
+    std::size_t Replay(std::string &text, const ValueOf &valueOf, bool byLength) const;
 
     std::vector<Group> m_groups; // longest names first
     std::vector<Name> m_names;
+    std::string m_leads; // the first bytes of all names, each once
 };
 
 // The run-time user variables: rows 1 to 2000 of name and value, filled from row 1. Values
