@@ -390,8 +390,7 @@ double ProcessSeconds() {
 int RunningTimers(const Timers &timers) {
     int running = 0;
     for (const std::vector<Timer> *list : {&timers.fixed, &timers.qlob, &timers.misc})
-        for (const Timer &timer : *list)
-            running += timer.loaded && timer.enabled && timer.interval > 0;
+        for (const Timer &timer : *list) running += timer.enabled && timer.interval > 0;
     return running;
 }
 

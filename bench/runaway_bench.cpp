@@ -2,7 +2,8 @@
 // measured in the same run: a text that doubles until its run's work is spent, beside one
 // statement on the longest text; a qlob that calls itself twice, beside one call of a qlob of
 // two statements; ten seconds of a desktop whose tool fires that qlob every second, beside ten
-// seconds with an ordinary qlob fired.
+// seconds with an ordinary qlob fired; a counter's tick after ten thousand restarts and kills,
+// beside a tick with one counter loaded.
 #include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/statement.h"
@@ -22,6 +23,7 @@
 #include "shell/tools.h"
 
 #include <benchmark/benchmark.h>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -61,6 +63,7 @@ struct Demo {
         // The qlobs the runs call, in free slots of the demo's table.
         project.QlobTable[190] = "twice QLOB [twice]`QLOB [twice]";
         project.QlobTable[191] = "pair $note = RETURN_COMPLEX [a]`$note = RETURN_COMPLEX [b]";
+        project.QlobTable[192] = "count $note = RETURN_COMPLEX [$note]";
         ok = world.DnsCount() > 0;
     }
 };
@@ -148,6 +151,25 @@ void BM_TenSecondsFiringAPair(benchmark::State &state) {
 BENCHMARK(BM_TenSecondsFiringTheRunaway)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_TenSecondsFiringAPair)->Unit(benchmark::kMillisecond);
 
+// One tick of a counter that never ends, after `restarts` restarts of it and as many kills of
+// a second one.
+void BM_CounterTick(benchmark::State &state) {
+    if (!Shared().ok) return state.SkipWithError("can't load the demo game");
+    Play play;
+    Game &game = play.game;
+    game.timers.fixed.clear(); // the counter's ticks alone
+    RunStatement(game, "CREATE_VARIABLE [$left] [1000000000]");
+    for (std::int64_t turn = 0; turn < state.range(0); ++turn)
+        RunSequence(game,
+                    "QLOB_COUNTER [gone] [count] [$left] [100]`QLOB_COUNTER_KILL [gone]`"
+                    "QLOB_COUNTER [beep] [count] [$left] [100]",
+                    0, 0);
+    RunStatement(game, "QLOB_COUNTER [beep] [count] [$left] [100]");
+    for (auto _ : state) RunDueTimers(game, game.now + 1000);
+    state.counters["counters"] = static_cast<double>(game.timers.qlob.size());
+}
+BENCHMARK(BM_CounterTick)->Arg(0)->Arg(10000);
+
 } // namespace
 } // namespace orrery
 
@@ -164,6 +186,8 @@ int main(int argc, char **argv) {
                "BM_QlobOnce", 0);
     PrintRatio(reporter, "10 s firing it each second / firing a pair",
                "BM_TenSecondsFiringTheRunaway", "BM_TenSecondsFiringAPair", 0);
+    PrintRatio(reporter, "counter tick, after 10000 restarts / alone", "BM_CounterTick/10000",
+               "BM_CounterTick/0", 2);
     for (const char *run :
          {"BM_DoublingRun", "BM_SelfCallingQlobRun", "BM_TenSecondsFiringTheRunaway"})
         if (const auto seconds = reporter.Seconds(run))

@@ -1,6 +1,7 @@
 // WAIT, counters, flashers and MOVE.
 #include "actions/timed.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "actions/game.h"
@@ -19,13 +20,40 @@ std::string Arg(const Statement &st, int index) { return BracketArg(st.rest, ind
 
 std::int32_t Number32(std::string_view text) { return RoundToInt32(Val(text)).value_or(0); }
 
-void KillCounters(Game &game, const std::string &name, const std::string &then) {
+// The running timer of that number in a list kept in the order of numbers; null when it has
+// ended.
+Timer *Numbered(std::vector<Timer> &list, int number) {
+    const auto found = std::lower_bound(list.begin(), list.end(), number,
+                                        [](const Timer &timer, int n) { return timer.number < n; });
+    return found != list.end() && found->number == number ? &*found : nullptr;
+}
+
+// A counter that is disabled never runs again: it leaves the list, and its tag is kept for the
+// kills that may still name it.
+void EndCounter(Game &game, int number) {
     auto &counters = game.timers.qlob;
-    if (counters.size() < 2) return;
+    if (Timer *counter = Numbered(counters, number)) {
+        game.timers.endedCounterTags.insert(NormText(counter->tag));
+        counters.erase(counters.begin() + (counter - counters.data()));
+    }
+}
+
+// Every counter whose tag, ended or running, holds the name resumes the music; the running
+// ones end. Reading the tags is the kill's work.
+void KillCounters(Game &game, const std::string &name, const std::string &then) {
+    if (game.timers.qlobCount == 0) return; // no counter was ever loaded
     const std::string wanted = NormText(name);
-    for (std::size_t n = 1; n < counters.size(); ++n) {
-        if (!InStr(NormText(counters[n].tag), wanted)) continue;
-        counters[n].enabled = false;
+    for (const std::string &tag : game.timers.endedCounterTags) {
+        game.CountWork(tag.size());
+        if (InStr(tag, wanted)) game.host.ResumeMusic();
+    }
+    std::vector<int> ending;
+    for (const Timer &counter : game.timers.qlob) {
+        game.CountWork(counter.tag.size());
+        if (InStr(NormText(counter.tag), wanted)) ending.push_back(counter.number);
+    }
+    for (const int number : ending) {
+        EndCounter(game, number);
         game.host.ResumeMusic();
     }
     if (!Trim(then).empty()) RunStatement(game, "QLOB [" + then + "]");
@@ -60,6 +88,7 @@ std::string QlobCounter(Game &game, Statement &st) {
     }
     Timer counter = MakeTimer(TimerKind::Qlob, *speed);
     counter.tag = finale + ":" + variable + ":" + interval;
+    counter.number = ++game.timers.qlobCount;
     StartTimer(game, counter);
     game.timers.qlob.push_back(counter);
     CounterAudio(game, Arg(st, 5));
@@ -71,17 +100,17 @@ std::string QlobCounterKill(Game &game, Statement &st) {
     return {};
 }
 
-void QlobCounterTick(Game &game, int n) {
-    auto &counters = game.timers.qlob;
-    if (n < 1 || n >= static_cast<int>(counters.size())) return;
-    const std::string tag = counters[static_cast<std::size_t>(n)].tag;
+void QlobCounterTick(Game &game, int number) {
+    const Timer *counter = Numbered(game.timers.qlob, number);
+    if (!counter) return;
+    const std::string tag = counter->tag;
     std::string variable = FieldAt(tag, 2);
     Statement countDown{variable, variable + "-1"};
     ReturnComplex(game, countDown);
     RunStatement(game, "QLOB [" + FieldAt(tag, 3) + "]");
     const double left = Val(LookupValue(game, variable));
     if (RoundToInt32(left).value_or(left < 0 ? -1 : 1) >= 1) return;
-    game.timers.qlob[static_cast<std::size_t>(n)].enabled = false;
+    EndCounter(game, number);
     game.host.ResumeMusic();
     RunStatement(game, "QLOB [" + FieldAt(tag, 1) + "]");
 }
@@ -91,26 +120,32 @@ void LoadATimer(Game &game, int index, std::string_view kind, std::int64_t inter
     const int n = ++game.timers.miscCount;
     const std::string tag = std::string(kind) + ":" + IntText(index);
     for (const Timer &timer : misc)
-        if (timer.loaded && timer.tag == tag) return;
-    misc.resize(static_cast<std::size_t>(n) + 1, UnloadedTimer());
-    Timer &timer = misc[static_cast<std::size_t>(n)];
-    timer = MakeTimer(TimerKind::Misc, interval);
+        if (timer.tag == tag) return;
+    Timer timer = MakeTimer(TimerKind::Misc, interval);
     timer.tag = tag;
+    timer.number = n;
     StartTimer(game, timer);
+    misc.push_back(timer);
 }
 
 void StopATimer(Game &game, std::string_view tag) {
-    for (Timer &timer : game.timers.misc) {
-        if (!timer.loaded || timer.tag != tag) continue;
+    auto &misc = game.timers.misc;
+    for (auto timer = misc.begin(); timer != misc.end();) {
+        if (timer->tag != tag) {
+            ++timer;
+            continue;
+        }
         if (NormText(FieldAt(tag, 1)) == "flash")
             if (ElementControl *control = game.desk.TLinkControl(Number32(FieldAt(tag, 2))))
                 control->visible = true; // a flashing element always ends visible
-        timer = UnloadedTimer();
+        timer = misc.erase(timer);
     }
 }
 
-void MiscTimerTick(Game &game, int n) {
-    const std::string tag = game.timers.misc.at(static_cast<std::size_t>(n)).tag;
+void MiscTimerTick(Game &game, int number) {
+    const Timer *timer = Numbered(game.timers.misc, number);
+    if (!timer) return;
+    const std::string tag = timer->tag;
     if (NormText(FieldAt(tag, 1)) != "flash") return;
     if (ElementControl *control = game.desk.TLinkControl(Number32(FieldAt(tag, 2))))
         control->visible = !control->visible;

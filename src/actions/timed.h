@@ -17,9 +17,9 @@ std::string FlashOn(Game &game, Statement &st);
 std::string FlashOff(Game &game, Statement &st);
 std::string Move(Game &game, Statement &st);
 
-// One tick of counter n and of flasher n.
-void QlobCounterTick(Game &game, int n);
-void MiscTimerTick(Game &game, int n);
+// One tick of the counter and of the flasher of that number; nothing once it has ended.
+void QlobCounterTick(Game &game, int number);
+void MiscTimerTick(Game &game, int number);
 
 // Adds a flasher of that kind and TLink index unless one with the tag runs; stops one.
 void LoadATimer(Game &game, int index, std::string_view kind, std::int64_t interval);

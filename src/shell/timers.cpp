@@ -19,7 +19,7 @@ struct Due {
     std::size_t index = 0;
 };
 
-bool Ticks(const Timer &timer) { return timer.loaded && timer.enabled && timer.interval > 0; }
+bool Ticks(const Timer &timer) { return timer.enabled && timer.interval > 0; }
 
 // The timer that falls due first, up to a time; the lowest number wins a tie.
 Due Earliest(Game &game, std::int64_t until) {
@@ -36,7 +36,7 @@ Due Earliest(Game &game, std::int64_t until) {
     return due;
 }
 
-void Fire(Game &game, TimerKind kind, int index) {
+void Fire(Game &game, TimerKind kind, int number) {
     switch (kind) {
     case TimerKind::Every1: return ActivateToolSub(game, kAllThatAreVisible, "every1second");
     case TimerKind::Every2: return ActivateToolSub(game, kAllThatAreVisible, "every2seconds");
@@ -47,8 +47,8 @@ void Fire(Game &game, TimerKind kind, int index) {
         if (game.onAutosave) game.onAutosave();
         return;
     case TimerKind::Clock: return ClockTick(game, LocalTimeOfDay());
-    case TimerKind::Qlob: return QlobCounterTick(game, index);
-    case TimerKind::Misc: return MiscTimerTick(game, index);
+    case TimerKind::Qlob: return QlobCounterTick(game, number);
+    case TimerKind::Misc: return MiscTimerTick(game, number);
     }
 }
 
@@ -86,7 +86,7 @@ void RunDueTimers(Game &game, std::int64_t until) {
         Timer &timer = (*due.list)[due.index];
         game.now = std::max(game.now, timer.due);
         timer.due = game.now + timer.interval; // before the tick: a tick may load more timers
-        Fire(game, timer.kind, static_cast<int>(due.index));
+        Fire(game, timer.kind, timer.number);
     }
     game.now = std::max(game.now, until);
 }

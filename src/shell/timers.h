@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,7 +20,7 @@ struct Timer {
     bool enabled = false;
     std::string tag;       // a counter's or a flasher's state
     std::int64_t due = 0;  // the virtual time of the next tick
-    bool loaded = true;    // an unloaded flasher keeps its number, never reused
+    int number = 0;        // a counter's or a flasher's, from 1
 };
 
 inline Timer MakeTimer(TimerKind kind, std::int64_t interval) {
@@ -29,19 +30,18 @@ inline Timer MakeTimer(TimerKind kind, std::int64_t interval) {
     return timer;
 }
 
-inline Timer UnloadedTimer() {
-    Timer timer;
-    timer.loaded = false;
-    return timer;
-}
-
-// Every timer of the desktop. Counters (tmrQlob) and flashers (tmrMisc) are numbered from 1
-// and never reused within a game.
+// Every timer of the desktop. Counters (tmrQlob) and flashers (tmrMisc) are numbered from 1,
+// and a number is never given twice within a game; the lists hold only those that still run,
+// in the order of their numbers, so a tick costs the running timers and no ended one.
 struct Timers {
-    std::vector<Timer> fixed;  // the desktop's own
-    std::vector<Timer> qlob{1}; // from index 1
-    std::vector<Timer> misc{1}; // from index 1
-    int miscCount = 0;          // grows on every load attempt
+    std::vector<Timer> fixed; // the desktop's own
+    std::vector<Timer> qlob;  // running counters
+    std::vector<Timer> misc;  // loaded flashers
+    int qlobCount = 0;        // counters loaded so far
+    int miscCount = 0;        // grows on every load attempt
+    // The tags of ended counters, in name form, each once: a kill that names one still
+    // resumes the music, as it did while the counter stayed loaded.
+    std::set<std::string> endedCounterTags;
 };
 
 // Loads the desktop's own timers, due one interval from now.

@@ -26,6 +26,7 @@ public:
         }
     }
     void Sleep(int milliseconds) override { slept += milliseconds; }
+    void ResumeMusic() override { ++resumes; }
     std::string Ask(const std::string &, const std::string &, const std::string &) override {
         if (answers.empty()) return "";
         std::string answer = answers.front();
@@ -35,6 +36,7 @@ public:
 
     int yields = 0;
     int slept = 0;
+    int resumes = 0;
     std::deque<std::string> answers;
     std::function<void()> onYield;
 };

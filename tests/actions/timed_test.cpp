@@ -26,7 +26,52 @@ TEST(Counters, CountDownRunTheIntervalQlobThenTheFinale) {
     EXPECT_EQ(f.Var("$log"), "t2");
     f.Advance(5000);
     EXPECT_EQ(f.Var("$log"), "t2 t1 t0 boom");
-    EXPECT_FALSE(f.game.timers.qlob[1].enabled);
+    EXPECT_TRUE(f.game.timers.qlob.empty());
+}
+
+TEST(Counters, EndedTimersLeaveTheTicksAlone) {
+    // Ten thousand restarts, kills or flashes leave only what still runs for a tick to visit.
+    struct Case {
+        const char *statements;
+        std::size_t counters;
+        std::size_t flashers;
+    };
+    const Case cases[] = {
+        {"QLOB_COUNTER [boom] [tick] [$left] [100]", 1, 0},
+        {"QLOB_COUNTER [boom] [tick] [$left] [100]`QLOB_COUNTER_KILL [boom]", 0, 0},
+        {"FLASH_ON [t] [labelalarm] [300]`FLASH_OFF [t] [labelalarm]", 0, 0},
+    };
+    for (const Case &c : cases) {
+        Clocked f;
+        f.Element(1, "labelalarm");
+        for (int turn = 0; turn < 10000; ++turn) f.Run(c.statements);
+        EXPECT_EQ(f.game.timers.qlob.size(), c.counters) << c.statements;
+        EXPECT_EQ(f.game.timers.misc.size(), c.flashers) << c.statements;
+        f.Advance(5000);
+        EXPECT_EQ(f.Var("$log"), c.counters ? "t2 t1 t0 boom" : "") << c.statements;
+    }
+}
+
+TEST(Counters, EndedCountersStillAnswerKillsAndKeepTheirOrder) {
+    Clocked f;
+    RunStatement(f.game, "QLOB_COUNTER_KILL [boom] [bang]"); // no counter yet: nothing runs
+    EXPECT_EQ(f.Var("$log"), "");
+    RunStatement(f.game, "QLOB_COUNTER [boom] [tick] [$left] [100]");
+    f.Advance(3000);
+    EXPECT_EQ(f.host.resumes, 1);
+    RunStatement(f.game, "QLOB_COUNTER_KILL [boom] [bang]"); // the ended counter resumes the music
+    EXPECT_EQ(f.host.resumes, 2);
+    EXPECT_EQ(f.Var("$log"), "t2 t1 t0 boom bang");
+
+    // Due together, counters tick in the order they were loaded, whatever ended before.
+    f.Declare({{"$log", ""}, {"$left", "9"}, {"$other", "9"}});
+    f.project.QlobTable[4] = "each $log = RETURN_COMPLEX [$log $left,$other]";
+    RunStatement(f.game, "QLOB_COUNTER [x] [each] [$left] [100]");
+    RunStatement(f.game, "QLOB_COUNTER [bang] [each] [$other] [100]");
+    RunStatement(f.game, "QLOB_COUNTER_KILL [x]");
+    RunStatement(f.game, "QLOB_COUNTER [boom] [each] [$left] [100]");
+    f.Advance(1000);
+    EXPECT_EQ(f.Var("$log"), "9,8 8,8");
 }
 
 TEST(Counters, KillsReplacementsAndTextVariables) {
