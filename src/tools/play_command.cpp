@@ -387,12 +387,13 @@ int PlayCommand(const PlayOptions &options, std::istream &in, std::ostream &out,
     std::string player = Utf8ToCp1252(options.player);
     if (options.newGame) {
         // A new profile is named as on the profile screen, which refuses a name in use.
+        // A name no file can carry is refused below, in the player's own spelling.
         const ProfileClick click = ClickIt(paths, ProfileOption::New, player, "");
-        if (click.next != ProfileClick::Next::StartNew) {
+        if (click.next == ProfileClick::Next::ShowMessage) {
             err << "orrery: \"" << options.player << "\": " << Cp1252ToUtf8(click.text) << "\n";
             return 1;
         }
-        player = click.text;
+        if (click.next == ProfileClick::Next::StartNew) player = click.text;
     }
     if (const std::string problem = NameProblem(player, NameKind::Player); !problem.empty()) {
         err << "orrery: " << UnusableName(options.player, NameKind::Player, problem) << "\n";
