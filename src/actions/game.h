@@ -29,9 +29,9 @@ inline constexpr std::int64_t kMaxWalkSteps = 1000000;
 // the dispatch, the draws of the special names). A run of ordinary statements stays far
 // below; a loop that grows a text, or calls qlobs by the hundred thousand, ends here.
 inline constexpr std::int64_t kStepWork = 4096;
-// A random letter drawn counts as much, by the time it takes.
-inline constexpr std::size_t kDrawWork = 64;
 inline constexpr std::int64_t kMaxWalkWork = std::int64_t{128} << 20;
+// A random letter drawn counts as many bytes as take the same time to handle.
+inline constexpr std::size_t kDrawWork = 64;
 
 // What the engine asks of the platform. The Qt shell runs its event queue; a headless host
 // keeps a virtual clock.

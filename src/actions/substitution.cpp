@@ -65,6 +65,9 @@ public:
         }
     }
 
+    // The starts looked at for a name of some length so far.
+    std::size_t Looks() const { return m_looks; }
+
     // The next name to replace and its position; false when none is left.
     bool Next(int &position, int &id) {
         while (!m_due.empty()) {
@@ -105,6 +108,7 @@ private:
     }
 
     void Look(std::string_view text, std::size_t g, std::size_t at, int sign) {
+        ++m_looks;
         const Group &group = m_index.m_groups[g];
         if (at + group.length > text.size() || !group.first[Byte(text[at])] ||
             !group.last[Byte(text[at + group.length - 1])])
@@ -128,6 +132,7 @@ private:
 
     const NameIndex &m_index;
     bool m_byLength;
+    std::size_t m_looks = 0;
     std::pmr::unordered_map<int, int> m_count;      // by name: a text holds few of a table's names
     long m_walk = std::numeric_limits<long>::min(); // the walk under way
     int m_cursor = 0;                               // the position it replaced last
@@ -211,7 +216,7 @@ std::size_t NameIndex::Replay(std::string &text, const ValueOf &valueOf, bool by
         text = std::move(result);
         built += text.size();
     }
-    return built;
+    return built + walk.Looks() * kLookWork;
 }
 
 void RuntimeVariables::Set(int row, Variable variable) {

@@ -43,8 +43,12 @@ public:
     void Add(std::string_view name, int position);
     void Clear();
 
+    // A start looked at for a name costs about what this many bytes of text copied do.
+    static constexpr std::size_t kLookWork = 8;
+
     // One walk for each length of name in turn, longest first, over the positions of that
-    // length. Returns the bytes of text the walks built, the measure of their work.
+    // length. Returns the work of the walks in bytes: the texts they built, and the starts
+    // they looked at.
     std::size_t ReplaceEachLength(std::string &text, const ValueOf &valueOf) const;
     // One walk over all positions, whatever the length of their names.
     std::size_t ReplaceInOrder(std::string &text, const ValueOf &valueOf) const;

@@ -190,6 +190,9 @@ TEST(Containment, RunsEndWhenTheirWorkIsSpent) {
          2000},
         {"QLOB [twice]`$log = RETURN_COMPLEX [never]", 0, 40000},
         {"~a`$log = RETURN_RANDOM_CHAR [65535]`_GOTO a", 65535, 100},
+        // Full of "$": each counts as a start looked at for a name, not as one byte.
+        {"$log = RETURN_COMPLEX [$not]`~top`$log = RETURN_COMPLEX [$log$log]`_GOTO [top]", 32768,
+         500},
     };
     for (const Case &c : cases) {
         test::EngineFixture f;
