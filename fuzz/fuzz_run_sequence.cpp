@@ -2,11 +2,14 @@
 // queued on the gun while the clock moves on. Nothing may crash, misuse memory or run without
 // end: every input has to finish well inside a second.
 //
-// The engine ends a run of a sequence after a million steps (the sequence tests hold it to
-// that), which under the sanitizers can take minutes. So each run here gets a few thousand
-// steps, and the host ends the whole input after a couple of thousand statements, however
-// they came (the gun, counters, ticks): what is left to find is work that takes no step or
-// statement, and any one statement that is slow by itself.
+// The engine ends a run of a sequence after a million steps or 128 MiB of work (the sequence
+// tests hold it to that), which under the sanitizers can take seconds to minutes. So each run
+// here gets a thousand steps and 8 MiB, and the host ends the whole input after a thousand
+// statements, however they came (the gun, counters, ticks): what is left to find is work that
+// takes no step or statement, and any one statement that is slow by itself.
+//
+// Inputs run to kMaxInput bytes; fuzz_run_sequence.options tells the fuzzer so, and to try
+// long ones from the start rather than after hours of short ones.
 #include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/statement.h"
@@ -47,8 +50,10 @@ constexpr std::size_t kMaxInput = 4096;
 constexpr int kClockSteps = 25;
 constexpr std::int64_t kClockStep = 200;
 
-// Steps of each run of a sequence, and statements (with the few other yields) of one input.
+// Steps and work of each run of a sequence, and statements (with the few other yields) of
+// one input.
 constexpr std::int64_t kWalkSteps = 1000;
+constexpr std::int64_t kWalkWork = std::int64_t{8} << 20;
 constexpr int kYieldBudget = 1000;
 
 // Thrown by the host when an input has used its budget; the game is dropped with it.
@@ -118,6 +123,7 @@ void Play(const std::string &text) {
     BudgetHost host;
     Game game(shared.project, shared.world, shared.words, random, host);
     game.walkStepLimit = kWalkSteps;
+    game.walkWorkLimit = kWalkWork;
     game.PlayerName = "Ann";
     game.VariableTable = shared.variables;
     host.Bind(&game);
