@@ -156,19 +156,14 @@ BENCHMARK(BM_RandomExistingIp)->Arg(100)->Arg(10000);
 
 int main(int argc, char **argv) {
     using namespace orrery;
-    const auto options = InitializeBenchmarks(argc, argv);
-    if (!options) return 1;
-    TimeKeepingReporter reporter(*options);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::printf("\n");
-    PrintRatio(reporter, "generate world (10000) / raw write of its files", "BM_GenerateWorld",
-               "BM_RawWriteWorld", 3);
-    for (const char *lookup : {"BM_ResolveIp", "BM_ResolveHostname", "BM_ServerExists",
-                               "BM_GetServerProperty", "BM_RandomExistingIp"}) {
-        const std::string what = std::string(lookup + 3) + " on 10,000 rows / on 100";
-        PrintRatio(reporter, what.c_str(), (std::string(lookup) + "/10000").c_str(),
-                   (std::string(lookup) + "/100").c_str(), 2);
-    }
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv, [](const TimeKeepingReporter &times) {
+        PrintRatio(times, "generate world (10000) / raw write of its files", "BM_GenerateWorld",
+                   "BM_RawWriteWorld", 3);
+        for (const char *lookup : {"BM_ResolveIp", "BM_ResolveHostname", "BM_ServerExists",
+                                   "BM_GetServerProperty", "BM_RandomExistingIp"}) {
+            const std::string what = std::string(lookup + 3) + " on 10,000 rows / on 100";
+            PrintRatio(times, what.c_str(), (std::string(lookup) + "/10000").c_str(),
+                       (std::string(lookup) + "/100").c_str(), 2);
+        }
+    });
 }

@@ -58,4 +58,16 @@ std::optional<benchmark::ConsoleReporter::OutputOptions> InitializeBenchmarks(in
     return static_cast<benchmark::ConsoleReporter::OutputOptions>(options);
 }
 
+int RunBenchmarks(int argc, char **argv,
+                  const std::function<void(const TimeKeepingReporter &)> &report) {
+    const auto options = InitializeBenchmarks(argc, argv);
+    if (!options) return 1;
+    TimeKeepingReporter reporter(*options);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    std::printf("\n");
+    report(reporter);
+    benchmark::Shutdown();
+    return 0;
+}
+
 } // namespace orrery

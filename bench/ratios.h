@@ -4,6 +4,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <set>
@@ -34,5 +35,10 @@ void PrintRatio(const TimeKeepingReporter &times, const char *what, const char *
 // for (tabular counters, colour on a terminal); nullopt, after saying so, when an argument is
 // unknown.
 std::optional<benchmark::ConsoleReporter::OutputOptions> InitializeBenchmarks(int &argc, char **argv);
+
+// The whole of a plain benchmark program: reads the flags, runs what they select and hands
+// the times to `report`, which prints the ratios. Returns the program's exit status.
+int RunBenchmarks(int argc, char **argv,
+                  const std::function<void(const TimeKeepingReporter &)> &report);
 
 } // namespace orrery

@@ -175,23 +175,18 @@ BENCHMARK(BM_CounterTick)->Arg(0)->Arg(10000);
 
 int main(int argc, char **argv) {
     using namespace orrery;
-    const auto options = InitializeBenchmarks(argc, argv);
-    if (!options) return 1;
-    TimeKeepingReporter reporter(*options);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::printf("\n");
-    PrintRatio(reporter, "doubling run / its longest statement", "BM_DoublingRun",
-               "BM_LongestStatement", 0);
-    PrintRatio(reporter, "self-calling qlob run / a qlob of two, once", "BM_SelfCallingQlobRun",
-               "BM_QlobOnce", 0);
-    PrintRatio(reporter, "10 s firing it each second / firing a pair",
-               "BM_TenSecondsFiringTheRunaway", "BM_TenSecondsFiringAPair", 0);
-    PrintRatio(reporter, "counter tick, after 10000 restarts / alone", "BM_CounterTick/10000",
-               "BM_CounterTick/0", 2);
-    for (const char *run :
-         {"BM_DoublingRun", "BM_SelfCallingQlobRun", "BM_TenSecondsFiringTheRunaway"})
-        if (const auto seconds = reporter.Seconds(run))
-            std::printf("%s: %.0f ms\n", run, *seconds * 1e3);
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv, [](const TimeKeepingReporter &times) {
+        PrintRatio(times, "doubling run / its longest statement", "BM_DoublingRun",
+                   "BM_LongestStatement", 0);
+        PrintRatio(times, "self-calling qlob run / a qlob of two, once", "BM_SelfCallingQlobRun",
+                   "BM_QlobOnce", 0);
+        PrintRatio(times, "10 s firing it each second / firing a pair",
+                   "BM_TenSecondsFiringTheRunaway", "BM_TenSecondsFiringAPair", 0);
+        PrintRatio(times, "counter tick, after 10000 restarts / alone", "BM_CounterTick/10000",
+                   "BM_CounterTick/0", 2);
+        for (const char *run :
+             {"BM_DoublingRun", "BM_SelfCallingQlobRun", "BM_TenSecondsFiringTheRunaway"})
+            if (const auto seconds = times.Seconds(run))
+                std::printf("%s: %.0f ms\n", run, *seconds * 1e3);
+    });
 }

@@ -284,28 +284,23 @@ BENCHMARK(BM_ReturnComplexSequence)->Arg(0)->Arg(250);
 
 int main(int argc, char **argv) {
     using namespace orrery;
-    const auto options = InitializeBenchmarks(argc, argv);
-    if (!options) return 1;
     for (int variables : {20, 2000, 250})
         if (!SameTexts(variables)) return 1;
     std::printf("indexed and walked passes agree on %zu arguments at 20, 250 and 2000 variables\n",
                 Arguments().size());
-    TimeKeepingReporter reporter(*options);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::printf("\n");
-    PrintRatio(reporter, "ExpandSpecials, 2000 and 1499 / 20 and 20", "BM_ExpandSpecials/2000",
-               "BM_ExpandSpecials/20", 3);
-    PrintRatio(reporter, "walked / indexed (our speed), 2000 and 1499",
-               "BM_WalkedExpandSpecials/2000", "BM_ExpandSpecials/2000", 0);
-    PrintRatio(reporter, "walked / indexed (our speed), 20 and 20", "BM_WalkedExpandSpecials/20",
-               "BM_ExpandSpecials/20", 0);
-    PrintRatio(reporter, "a text naming all 2000 variables / naming none", "BM_ExpandEveryName/1",
-               "BM_ExpandEveryName/0", 0);
-    PrintRatio(reporter, "RETURN_COMPLEX sequence, 250 and 300 / empty",
-               "BM_ReturnComplexSequence/250", "BM_ReturnComplexSequence/0", 0);
-    if (const auto seconds = reporter.Seconds("BM_ReturnComplexSequence/250"))
-        std::printf("RETURN_COMPLEX on 250 variables and 300 elements: %.0f statements/s\n",
-                    kSequenceStatements / *seconds);
-    benchmark::Shutdown();
-    return 0;
+    return RunBenchmarks(argc, argv, [](const TimeKeepingReporter &times) {
+        PrintRatio(times, "ExpandSpecials, 2000 and 1499 / 20 and 20", "BM_ExpandSpecials/2000",
+                   "BM_ExpandSpecials/20", 3);
+        PrintRatio(times, "walked / indexed (our speed), 2000 and 1499",
+                   "BM_WalkedExpandSpecials/2000", "BM_ExpandSpecials/2000", 0);
+        PrintRatio(times, "walked / indexed (our speed), 20 and 20",
+                   "BM_WalkedExpandSpecials/20", "BM_ExpandSpecials/20", 0);
+        PrintRatio(times, "a text naming all 2000 variables / naming none",
+                   "BM_ExpandEveryName/1", "BM_ExpandEveryName/0", 0);
+        PrintRatio(times, "RETURN_COMPLEX sequence, 250 and 300 / empty",
+                   "BM_ReturnComplexSequence/250", "BM_ReturnComplexSequence/0", 0);
+        if (const auto seconds = times.Seconds("BM_ReturnComplexSequence/250"))
+            std::printf("RETURN_COMPLEX on 250 variables and 300 elements: %.0f statements/s\n",
+                        kSequenceStatements / *seconds);
+    });
 }
