@@ -3,6 +3,8 @@
 // model's opening alone, the repaint of a console of 100 rows beside the bare drawing of its
 // lines, and the processor time an idle desktop takes with all its timers running.
 #include "actions/statement.h"
+#include "desk/qonsole.h"
+#include "desk/tools.h"
 #include "foundation/convert.h"
 #include "foundation/preferences.h"
 #include "foundation/random.h"
@@ -10,14 +12,12 @@
 #include "foundation/textfile.h"
 #include "platform/headless.h"
 #include "ratios.h"
+#include "runtime/desktopwindow.h"
+#include "runtime/qthost.h"
 #include "session/playsession.h"
-#include "shell/qonsole.h"
-#include "shell/qt/desktopwindow.h"
-#include "shell/qt/elementviews.h"
-#include "shell/qt/look.h"
-#include "shell/qt/qthost.h"
-#include "shell/qt/toolview.h"
-#include "shell/tools.h"
+#include "widgets/elementviews.h"
+#include "widgets/look.h"
+#include "widgets/toolview.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -8,6 +8,9 @@
 #include "actions/sequence.h"
 #include "actions/statement.h"
 #include "actions/variables.h"
+#include "desk/desktop.h"
+#include "desk/timers.h"
+#include "desk/tools.h"
 #include "foundation/paths.h"
 #include "foundation/random.h"
 #include "foundation/textfile.h"
@@ -18,9 +21,6 @@
 #include "project/loader.h"
 #include "ratios.h"
 #include "session/profiles.h"
-#include "shell/desktop.h"
-#include "shell/timers.h"
-#include "shell/tools.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdint>

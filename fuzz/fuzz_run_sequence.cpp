@@ -13,6 +13,9 @@
 #include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/statement.h"
+#include "desk/desktop.h"
+#include "desk/timers.h"
+#include "desk/tools.h"
 #include "foundation/paths.h"
 #include "foundation/random.h"
 #include "foundation/textfile.h"
@@ -22,9 +25,6 @@
 #include "platform/headless.h"
 #include "project/loader.h"
 #include "session/profiles.h"
-#include "shell/desktop.h"
-#include "shell/timers.h"
-#include "shell/tools.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -34,7 +34,6 @@
 #include <memory>
 #include <string>
 #include <system_error>
-
 #include <unistd.h>
 
 namespace {

@@ -1,18 +1,18 @@
 // Commands on elements, lists, tools, menus, the message panel, consoles and sound.
 #include "actions/commands.h"
 
-#include <initializer_list>
-
 #include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/statement.h"
 #include "actions/variables.h"
+#include "desk/elements.h"
+#include "desk/qonsole.h"
+#include "desk/tools.h"
 #include "foundation/convert.h"
 #include "foundation/text.h"
 #include "foundation/textfile.h"
-#include "shell/elements.h"
-#include "shell/qonsole.h"
-#include "shell/tools.h"
+
+#include <initializer_list>
 
 namespace orrery {
 

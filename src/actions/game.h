@@ -2,16 +2,16 @@
 // globals, passed to every engine function. Nothing of it is hidden in a global.
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <string>
-
 #include "actions/substitution.h"
+#include "desk/desk.h"
+#include "desk/timers.h"
 #include "foundation/paths.h"
 #include "network/randomfiles.h"
 #include "project/model.h"
-#include "shell/desk.h"
-#include "shell/timers.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
 
 namespace orrery {
 

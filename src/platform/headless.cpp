@@ -1,7 +1,7 @@
 // The headless host.
 #include "platform/headless.h"
 
-#include "shell/timers.h"
+#include "desk/timers.h"
 
 namespace orrery {
 

@@ -1,8 +1,8 @@
 // A game from profile to exit.
 #include "session/playsession.h"
 
-#include "shell/desktop.h"
-#include "shell/timers.h"
+#include "desk/desktop.h"
+#include "desk/timers.h"
 
 namespace orrery {
 

@@ -4,6 +4,10 @@
 #include "actions/sequence.h"
 #include "actions/statement.h"
 #include "actions/variables.h"
+#include "desk/desktop.h"
+#include "desk/qonsole.h"
+#include "desk/quicklist.h"
+#include "desk/tools.h"
 #include "foundation/codepage.h"
 #include "foundation/convert.h"
 #include "foundation/random.h"
@@ -12,10 +16,6 @@
 #include "platform/headless.h"
 #include "session/playsession.h"
 #include "session/profilescreen.h"
-#include "shell/desktop.h"
-#include "shell/qonsole.h"
-#include "shell/quicklist.h"
-#include "shell/tools.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,10 +1,10 @@
 // Tool windows and the commands on them, played on a small project without a display.
-#include <gtest/gtest.h>
-
 #include "actions/commands.h"
+#include "desk/desktop.h"
+#include "desk/tools.h"
 #include "engine_fixture.h"
-#include "shell/desktop.h"
-#include "shell/tools.h"
+
+#include <gtest/gtest.h>
 
 namespace orrery {
 namespace {

@@ -1,8 +1,8 @@
 // Counters, flashers, WAIT and MOVE on the game's clock.
-#include <gtest/gtest.h>
-
+#include "desk/timers.h"
 #include "engine_fixture.h"
-#include "shell/timers.h"
+
+#include <gtest/gtest.h>
 
 namespace orrery {
 namespace {

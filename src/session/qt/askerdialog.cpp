@@ -2,8 +2,8 @@
 #include "session/qt/askerdialog.h"
 
 #include "foundation/text.h"
-#include "shell/qt/flatbutton.h"
-#include "shell/qt/look.h"
+#include "widgets/flatbutton.h"
+#include "widgets/look.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

@@ -1,8 +1,8 @@
 // The small windows' frame: title bar, caption, panel, buttons and the shared style sheet.
 #include "session/qt/bardialog.h"
 
-#include "shell/qt/flatbutton.h"
-#include "shell/qt/look.h"
+#include "widgets/flatbutton.h"
+#include "widgets/look.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -2,7 +2,7 @@
 #include "session/qt/creditswindow.h"
 
 #include "foundation/text.h"
-#include "shell/qt/look.h"
+#include "widgets/look.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>

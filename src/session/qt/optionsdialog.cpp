@@ -1,7 +1,7 @@
 // The options window.
 #include "session/qt/optionsdialog.h"
 
-#include "shell/qt/flatbutton.h"
+#include "widgets/flatbutton.h"
 
 #include <QCheckBox>
 #include <QVBoxLayout>

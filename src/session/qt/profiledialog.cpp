@@ -1,8 +1,8 @@
 // The profile screen's window; its checks and the game's start are the core's.
 #include "session/qt/profiledialog.h"
 
-#include "shell/qt/flatbutton.h"
-#include "shell/qt/look.h"
+#include "widgets/flatbutton.h"
+#include "widgets/look.h"
 
 #include <QApplication>
 #include <QEvent>

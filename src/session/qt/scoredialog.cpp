@@ -1,7 +1,7 @@
 // The high-score window.
 #include "session/qt/scoredialog.h"
 
-#include "shell/qt/flatbutton.h"
+#include "widgets/flatbutton.h"
 
 #include <QVBoxLayout>
 
