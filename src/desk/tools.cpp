@@ -24,36 +24,30 @@ void Centre(Game &game, ToolBox &box) {
     box.top = game.desk.formHeight / 2 - box.height / 2;
 }
 
-void FinishControl(Game &game, ElementControl &control, int row) {
-    PadLabelCaption(control);
-    if (control.kind == ElementKind::Qonsole) {
-        CreateQonsole(game.desk.consoles, row, control.commandList);
-        PrintQonsole(game.desk.consoles, row, "Welcome to this console");
-    }
-    control.visible = true;
-}
-
-// Makes the controls of the tool's rows, once, and sizes the panel round them.
+// Makes the controls of the tool's rows, once, and sizes the panel round them. Events are
+// pumped before every tenth row scanned, as the designed controls are given to the desk.
 void LoadToolElements(Game &game, int n) {
     ToolBox &box = game.desk.Box(n);
-    std::int32_t right = 0, bottom = 0;
-    for (int row = 1; row <= 1495; ++row) {
-        if (row % 10 == 1) game.host.Yield();
-        const ElementRow &element = game.project.Element(row);
-        if (IsBlank(element[1]) && IsBlank(game.project.Element(row + 1)[1])) break;
-        if (!RowOfTool(element, box.tag)) continue;
-        const ElementKind kind = KindOfName(NormText(FieldAt(element[2], 1)));
-        if (kind == ElementKind::Other) continue;
-        ElementControl &control = game.desk.LoadControl(row, element[0], kind);
+    const DesignedTool design = BuildToolControls(game.project, box.tag);
+    int nextPump = 1;
+    const auto pumpUpTo = [&](int row) {
+        for (; nextPump <= row; nextPump += 10) game.host.Yield();
+    };
+    for (const DesignedControl &designed : design.controls) {
+        pumpUpTo(designed.row);
+        ElementControl &control =
+            game.desk.LoadControl(designed.row, designed.control.tag, designed.control.kind);
+        control = designed.control;
         control.box = n;
-        game.project.Element(row)[kRowNumberColumn] = IntText(row);
-        ApplyProperties(control, element, true);
-        FinishControl(game, control, row);
-        right = std::max(right, control.left + control.width);
-        bottom = std::max(bottom, control.top + control.height);
+        game.project.Element(designed.row)[kRowNumberColumn] = IntText(designed.row);
+        if (control.kind == ElementKind::Qonsole) {
+            CreateQonsole(game.desk.consoles, designed.row, control.commandList);
+            PrintQonsole(game.desk.consoles, designed.row, "Welcome to this console");
+        }
     }
-    if (right > 0) box.width = right;
-    if (bottom > 0) box.height = bottom + 120 + kTitleBarHeight;
+    pumpUpTo(design.lastRowScanned);
+    if (design.width > 0) box.width = design.width;
+    if (design.height > 0) box.height = design.height;
 }
 
 void Impose(Game &game, int n, const std::string &caption) {
@@ -108,6 +102,31 @@ void RunRowAction(Game &game, int row) {
 }
 
 } // namespace
+
+DesignedTool BuildToolControls(const ProjectModel &project, std::string_view tool) {
+    DesignedTool design;
+    std::int32_t right = 0, bottom = 0;
+    for (int row = 1; row <= kLastToolRow; ++row) {
+        design.lastRowScanned = row;
+        const ElementRow &element = project.Element(row);
+        if (IsBlank(element[1]) && IsBlank(project.Element(row + 1)[1])) break;
+        if (!RowOfTool(element, tool)) continue;
+        const ElementKind kind = KindOfName(NormText(FieldAt(element[2], 1)));
+        if (kind == ElementKind::Other) continue;
+        ElementControl control;
+        control.tag = element[0];
+        control.kind = kind;
+        ApplyProperties(control, element, true);
+        PadLabelCaption(control);
+        control.visible = true;
+        right = std::max(right, control.left + control.width);
+        bottom = std::max(bottom, control.top + control.height);
+        design.controls.push_back({row, std::move(control)});
+    }
+    if (right > 0) design.width = right;
+    if (bottom > 0) design.height = bottom + 120 + kTitleBarHeight;
+    return design;
+}
 
 void LoadSideMenu(Game &game) {
     const ProjectSettings &s = game.project.settings;

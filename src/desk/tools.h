@@ -4,10 +4,36 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "desk/desk.h"
 
 namespace orrery {
 
 struct Game;
+struct ProjectModel;
+
+// A tool's rows are looked for up to this row; the last rows of the table never show.
+inline constexpr int kLastToolRow = 1495;
+
+// One element of a tool as its row designs it, before the desk gives it a panel.
+struct DesignedControl {
+    int row = 0;
+    ElementControl control;
+};
+
+// A tool's controls as its elements' rows design them, and the panel's size round them.
+struct DesignedTool {
+    std::vector<DesignedControl> controls; // in row order
+    std::int32_t width = 0;                // 0 when the tool has no element
+    std::int32_t height = 0;
+    int lastRowScanned = 0;                // where the scan stopped: a double gap or the end
+};
+
+// Reads the rows of the tool (its name without blanks) and designs their controls, with every
+// property applied and labels padded: what the run-time shows at the tool's first opening and
+// what an editor previews. Reads the model only.
+DesignedTool BuildToolControls(const ProjectModel &project, std::string_view tool);
 
 inline constexpr std::string_view kAllThatAreVisible = "ALL-THAT-ARE-VISIBLE";
 

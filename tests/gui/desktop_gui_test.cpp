@@ -98,8 +98,9 @@ TEST_F(DeskGui, EachToolOpensInItsOwnPlaceOnTheSmallestScreen) {
         }
         // The Cracker, bought late, may lie over the Mail; no other two tools meet.
         for (const auto &[other, otherRect] : placed)
-            if (tool < other && !(std::set<std::string>{tool, other} == std::set<std::string>{"Cracker", "Mail"}))
+            if (tool < other && !(std::set<std::string>{tool, other} == std::set<std::string>{"Cracker", "Mail"})) {
                 EXPECT_FALSE(rect.intersects(otherRect)) << tool << " over " << other;
+            }
     }
 }
 
