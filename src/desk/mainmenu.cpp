@@ -121,9 +121,7 @@ void ReadMenuSettings(MainMenu &menu, const ProjectSettings &s) {
     menu.box.top = BoxScaleY(menu, s.mymenuboxtop);
 }
 
-void SetMenuFont(MainMenu &menu, ProjectSettings &s) {
-    if (s.mymenufontsize == 0) s.mymenufontsize = 14;
-    if (Trim(s.mymenufont) == "0") s.mymenufont = "Verdana";
+void SetMenuFont(MainMenu &menu, const ProjectSettings &s) {
     if (!IsBlank(s.mymenufont)) menu.font.name = s.mymenufont;
     // A negative size is refused and the line keeps the size it had.
     if (s.mymenufontsize > 0) {
@@ -160,35 +158,45 @@ const MenuLine &Line(const MainMenu &menu, int index) {
 
 } // namespace
 
-MainMenu BuildMainMenu(ProjectModel &project, MenuSize form, MenuSize screen,
+void RepairMenuSettings(ProjectSettings &s) {
+    if (s.mymenufontsize == 0) s.mymenufontsize = 14;
+    if (Trim(s.mymenufont) == "0") s.mymenufont = "Verdana";
+    if (s.mymenuborderwidth == 0) s.mymenuborderwidth = 1;
+}
+
+MainMenu BuildMainMenu(const ProjectModel &project, MenuSize form, MenuSize screen,
                        MenuMeasures measures) {
+    // The menu is built from the settings as the repair leaves them, whether or not the
+    // owner has repaired its model.
+    ProjectSettings s = project.settings;
+    RepairMenuSettings(s);
     MainMenu menu;
     menu.form = form;
     menu.screen = screen;
-    ReadMenuSettings(menu, project.settings);
+    ReadMenuSettings(menu, s);
     LoadFreeLabels(menu, project, measures);
     LoadFreePictures(menu, project, measures);
-    menu.imageMenu = project.settings.myimagemenu;
+    menu.imageMenu = s.myimagemenu;
     if (menu.imageMenu)
-        LoadAnImageMenuInstead(menu, project, measures);
+        LoadAnImageMenuInstead(menu, s, measures);
     else
-        GrowMenu(menu, project, measures);
-    if (project.settings.myforcecentermenu) menu.box = CenteredOn(menu.form, menu.box);
-    SetAMenuBorder(menu, project);
+        GrowMenu(menu, s, measures);
+    if (s.myforcecentermenu) menu.box = CenteredOn(menu.form, menu.box);
+    SetAMenuBorder(menu, s);
     SetSel(menu, kNoLine);
     SetSel(menu, 1);
     menu.boxVisible = !menu.imageMenu;
-    if (project.settings.mymenutransparent) MakeTransparent(menu);
+    if (s.mymenutransparent) MakeTransparent(menu);
     menu.picture1 = {360, form.height - kPicture1Size - 360, kPicture1Size, kPicture1Size};
     return menu;
 }
 
-void GrowMenu(MainMenu &menu, ProjectModel &project, const MenuMeasures &measures) {
+void GrowMenu(MainMenu &menu, const ProjectSettings &s, const MenuMeasures &measures) {
     menu.lines.clear();
-    SetMenuFont(menu, project.settings);
+    SetMenuFont(menu, s);
     int top = kLineMargin;
     int widest = 0;
-    for (std::string &caption : LineCaptions(project.settings)) {
+    for (std::string &caption : LineCaptions(s)) {
         const MenuSize size = MeasureText(measures, caption, menu.font);
         menu.lines.push_back({std::move(caption), {0, top, size.width, size.height}});
         top += size.height;
@@ -202,9 +210,8 @@ void GrowMenu(MainMenu &menu, ProjectModel &project, const MenuMeasures &measure
         UnCenterMenu(menu);
 }
 
-void LoadAnImageMenuInstead(MainMenu &menu, const ProjectModel &project,
+void LoadAnImageMenuInstead(MainMenu &menu, const ProjectSettings &s,
                             const MenuMeasures &measures) {
-    const ProjectSettings &s = project.settings;
     const std::array<const std::string *, kImageItems> plain{
         &s.myimnewgame,     &s.myimloadgame, &s.myimoptions, &s.myimhighscores,
         &s.myimopenwebsite, &s.myimcredits,  &s.myimhelp,    &s.myimexitgame};
@@ -233,10 +240,8 @@ void LoadAnImageMenuInstead(MainMenu &menu, const ProjectModel &project,
 }
 
 // The border frames the text menu; an image menu has no box for it to frame.
-void SetAMenuBorder(MainMenu &menu, ProjectModel &project) {
-    ProjectSettings &s = project.settings;
+void SetAMenuBorder(MainMenu &menu, const ProjectSettings &s) {
     if (!s.mymenuborder || menu.imageMenu) return;
-    if (s.mymenuborderwidth == 0) s.mymenuborderwidth = 1;
     const int width = s.mymenuborderwidth;
     menu.border.shown = true;
     menu.border.width = std::max(width, 1);

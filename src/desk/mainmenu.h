@@ -12,6 +12,7 @@
 namespace orrery {
 
 struct ProjectModel;
+struct ProjectSettings;
 
 // What the menu asks its window to do after a choice.
 enum class MenuAction { Nothing, NewGame, LoadGame, Options, Scores, Website, Credits, Exit };
@@ -138,17 +139,21 @@ struct MainMenu {
     std::string stringExit;
 };
 
-// Builds the whole menu for a form and a screen, both in twips, from the loaded project.
-// Settings the menu repairs stay repaired for the session: a border width of 0 becomes 1, a
-// font size of 0 becomes 14 and a font named "0" becomes "Verdana".
-MainMenu BuildMainMenu(ProjectModel &project, MenuSize form, MenuSize screen,
+// The settings the menu repairs: a border width of 0 becomes 1, a font size of 0 becomes 14
+// and a font named "0" becomes "Verdana". The run-time repairs its model once, at loading, so
+// the repair lasts the session; an editor leaves the author's values alone.
+void RepairMenuSettings(ProjectSettings &settings);
+
+// Builds the whole menu for a form and a screen, both in twips, from the loaded project, read
+// as RepairMenuSettings would leave it. The model is not changed.
+MainMenu BuildMainMenu(const ProjectModel &project, MenuSize form, MenuSize screen,
                        MenuMeasures measures);
 
 // The text menu's font and lines, and the box sized round them.
-void GrowMenu(MainMenu &menu, ProjectModel &project, const MenuMeasures &measures);
-void LoadAnImageMenuInstead(MainMenu &menu, const ProjectModel &project,
+void GrowMenu(MainMenu &menu, const ProjectSettings &settings, const MenuMeasures &measures);
+void LoadAnImageMenuInstead(MainMenu &menu, const ProjectSettings &settings,
                             const MenuMeasures &measures);
-void SetAMenuBorder(MainMenu &menu, ProjectModel &project);
+void SetAMenuBorder(MainMenu &menu, const ProjectSettings &settings);
 void MakeTransparent(MainMenu &menu);
 // Line alignment in the box: centred, or all at 120 twips.
 void CenterMenu(MainMenu &menu);

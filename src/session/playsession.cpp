@@ -2,6 +2,7 @@
 #include "session/playsession.h"
 
 #include "desk/desktop.h"
+#include "desk/mainmenu.h"
 #include "desk/timers.h"
 
 namespace orrery {
@@ -14,7 +15,9 @@ PlaySession::~PlaySession() { m_host.Bind(nullptr); }
 LoadReport PlaySession::OpenProject(std::string_view name, const HostScreen &screen) {
     m_screen = screen;
     m_projectName = name;
-    return LoadProject(m_project, m_paths, name, screen);
+    LoadReport report = LoadProject(m_project, m_paths, name, screen);
+    RepairMenuSettings(m_project.settings);
+    return report;
 }
 
 void PlaySession::FreshGame() {

@@ -89,8 +89,12 @@ TEST(MainMenu, FontRulesAndScaleToTheForm) {
     }
     MenuFixture f;
     f.project.settings.mymenufontsize = 0;
+    f.project.settings.mymenuborderwidth = 0;
     f.Build();
-    EXPECT_EQ(f.project.settings.mymenufontsize, 14) << "the repair lasts the session";
+    EXPECT_EQ(f.project.settings.mymenufontsize, 0) << "building leaves the model alone";
+    RepairMenuSettings(f.project.settings);
+    EXPECT_EQ(f.project.settings.mymenufontsize, 14);
+    EXPECT_EQ(f.project.settings.mymenuborderwidth, 1);
 }
 
 TEST(MainMenu, OpenAMenuTestsTheCaptionsInOrder) {
@@ -152,7 +156,6 @@ TEST(MainMenu, BorderWidthZeroBecomesOneAndFramesTheBox) {
         f.project.settings.mymenuborder = true;
         f.project.settings.mymenuborderwidth = setting;
         const MainMenu menu = f.Build();
-        EXPECT_EQ(f.project.settings.mymenuborderwidth, width);
         EXPECT_EQ(menu.border.width, width);
         const MenuRect expected{menu.box.left - width * 10 - 5, menu.box.top - width * 10 - 5,
                                 menu.box.width + width * 25 + 10,
