@@ -57,19 +57,6 @@ void ResetLine(Qonsole &console) {
     console.line = console.prompt + " ";
 }
 
-// Upper case for ASCII and the Windows-1252 letters, the inverse of LowerCase.
-std::string UpperCase(std::string text) {
-    for (char &c : text) {
-        const auto u = static_cast<unsigned char>(c);
-        if ((u >= 'a' && u <= 'z') || (u >= 0xE0 && u <= 0xFE && u != 0xF7))
-            c = static_cast<char>(u - 0x20);
-        else if (u == 0x9A || u == 0x9C || u == 0x9E)
-            c = static_cast<char>(u - 0x10);
-        else if (u == 0xFF)
-            c = static_cast<char>(0x9F);
-    }
-    return text;
-}
 
 // A record's name: its text before the first blank, the whole record when it has none.
 std::string_view FirstWord(std::string_view record) {

@@ -73,6 +73,20 @@ std::string LowerCase(std::string_view text) {
     return out;
 }
 
+std::string UpperCase(std::string_view view) {
+    std::string text(view);
+    for (char &c : text) {
+        const auto u = static_cast<unsigned char>(c);
+        if ((u >= 'a' && u <= 'z') || (u >= 0xE0 && u <= 0xFE && u != 0xF7))
+            c = static_cast<char>(u - 0x20);
+        else if (u == 0x9A || u == 0x9C || u == 0x9E)
+            c = static_cast<char>(u - 0x10);
+        else if (u == 0xFF)
+            c = static_cast<char>(0x9F);
+    }
+    return text;
+}
+
 std::string Trim(std::string_view text) {
     return std::string(TrimView(text));
 }

@@ -11,6 +11,8 @@ namespace orrery {
 
 // Lower-cases ASCII letters and the Windows-1252 capitals; every other byte stays.
 std::string LowerCase(std::string_view text);
+// Upper-cases ASCII letters and the Windows-1252 small letters: the inverse of LowerCase.
+std::string UpperCase(std::string_view text);
 // Removes blanks (code 32) at both ends and nothing else: tabs stay.
 std::string Trim(std::string_view text);
 // The same without a copy: a view into text.
