@@ -52,11 +52,13 @@ using ElementRow = std::array<std::string, kElementColumns>;
 struct Variable {
     std::string name;
     std::string value;
+    bool operator==(const Variable &) const = default;
 };
 
 struct ToolSub {
     std::string key;      // "<tool>:<event>"
     std::string sequence;
+    bool operator==(const ToolSub &) const = default;
 };
 
 // A label of the main menu; free when its caption is blank.
@@ -74,6 +76,7 @@ struct MenuLabel {
     bool underline = false;
     std::string fontSize;
     std::string fontName;
+    bool operator==(const MenuLabel &) const = default;
 };
 
 // An image of the main menu: its file below Res/uimages, its position and data field.
@@ -97,6 +100,7 @@ struct ProjectSettings {
     ORRERY_STYLE_SETTINGS(ORRERY_DECLARE_SETTING)
     ORRERY_READ_ONLY_SETTINGS(ORRERY_DECLARE_SETTING)
 #undef ORRERY_DECLARE_SETTING
+    bool operator==(const ProjectSettings &) const = default;
 };
 
 // The whole project as loaded, edited and saved. The current project name is

@@ -1,4 +1,5 @@
-// The orrery tool's commands: new, resave, dump, summary, scramble, unscramble.
+// The orrery tool's commands: new, resave, edit, dump, summary, generate, world, play,
+// scramble, unscramble.
 #include "tools/cli.h"
 
 #include <CLI/CLI.hpp>
@@ -16,6 +17,7 @@
 #include "project/loader.h"
 #include "project/saver.h"
 #include "tools/dump.h"
+#include "tools/edit_command.h"
 #include "tools/play_command.h"
 #include "tools/world_commands.h"
 
@@ -148,6 +150,8 @@ int EachLine(std::istream &in, std::ostream &out, std::string (*transform)(std::
 
 int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::ostream &out,
                  std::ostream &err) {
+    if (!args.empty() && args[0] == "edit")
+        return EditCommand({args.begin() + 1, args.end()}, in, out, err);
     CLI::App app{"orrery: the command-line tool of Orrery Kit for authors", "orrery"};
     app.require_subcommand(1);
 
@@ -166,6 +170,8 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     auto *resave = app.add_subcommand("resave", "Load a project and save it again");
     AddProjectArgs(*resave, project);
     resave->add_flag("--backup", backup, "Also write a dated copy under _autobackup");
+
+    app.add_subcommand("edit", "Edit a project with the editor's operations (orrery edit --help)");
 
     auto *dump = app.add_subcommand("dump", "Print the loaded project model as JSON");
     AddProjectArgs(*dump, project);

@@ -1,0 +1,45 @@
+// The tool editor's operations on what is not an element: user variables, qlobs, the tools'
+// event assignments, the start-up sequence, the in-game help and the scalar settings.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "editor/change.h"
+
+namespace orrery {
+
+// The events a tool's sequence can be assigned to.
+inline constexpr std::array<std::string_view, 7> kToolSubs{
+    "open", "close", "activate", "every1second", "every2seconds", "every10seconds", "every60seconds"};
+
+// A new user variable with its default value; a name without its "$" gets one. At most 250
+// in the list; underscores of the value become dashes, with a note.
+Outcome AddXVar(ProjectModel &model, std::string_view name, std::string_view value);
+Outcome RemoveVar(ProjectModel &model, std::string_view name);
+
+// A new, empty qlob: blanks become underscores and the name is upper-cased.
+Outcome AddQlob(ProjectModel &model, std::string_view name);
+// The qlob's statements, back-quote separated: the manual edit's save. The name is written in
+// upper case; empty statements are dropped and each kept one ends in a back-quote.
+Outcome SetQlob(ProjectModel &model, std::string_view name, std::string_view statements);
+Outcome RemoveQlob(ProjectModel &model, std::string_view name);
+// The slot of the qlob whose name (the record's first word) has that name form; 0 when none.
+int FindQlobByName(const ProjectModel &model, std::string_view name);
+
+// The sequence of a tool's event, keyed "<tool>:<event>"; an empty sequence removes the
+// assignment.
+Outcome SetToolSub(ProjectModel &model, std::string_view tool, std::string_view event,
+                   std::string_view statements);
+// The start-up sequence, run when the desktop has loaded.
+Outcome SetMainLoad(ProjectModel &model, std::string_view statements);
+
+// A help topic: a new title takes a free slot, a known one gets the new text. Line breaks of
+// the text are written "//".
+Outcome SetHelp(ProjectModel &model, std::string_view title, std::string_view text);
+Outcome RemoveHelp(ProjectModel &model, std::string_view title);
+
+// A scalar setting by its key, with the value as the project file would give it.
+Outcome SetSetting(ProjectModel &model, std::string_view key, std::string_view value);
+
+} // namespace orrery

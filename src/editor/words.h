@@ -1,0 +1,86 @@
+// The editor's words: the titles and texts of its message boxes and questions, one place for
+// the editor's windows, `orrery edit` and the tests.
+#pragma once
+
+#include <string_view>
+
+#include "editor/change.h"
+
+namespace orrery::words {
+
+// Refusals and notes of the tool editor.
+inline const Message kTooManyTools{"Error", "Sorry, you have reached the maximum number of tools."};
+inline const Message kToolExists{"Error", "A tool with that name already exists."};
+inline const Message kNoKindChosen{
+    "Error", "You must chose which type of element you want to add from the list on the left."};
+inline const Message kNoToolChosen{
+    "Error", "You must first select a tool to add an element to. The tool menu is on the right "
+             "left. If there are no available tools, add one."};
+inline const Message kElementNameInvalid{"Error", "That element name is invalid or too short."};
+inline const Message kElementNameExists{"Error",
+                                        "That element name already exists in this project."};
+inline const Message kArrayTooBig{
+    "NO!!!!!!!",
+    "That's too many, max is 12, sorry!!!!!!!!!!!!!!!!!! Trust me it for your own good lol!"};
+inline const Message kArrayWarning{
+    "Create array",
+    "fine, if you want an array, you can have it. all the array objects will appear on top of "
+    "each other so you will ahve to move them all seperately, hahaha."};
+inline const Message kRestartAfterToolRemoval{
+    "Delete", "It is recommended to restart ORK after removing tools! (especially if you are "
+              "planning to add new tools directly after)."};
+inline const Message kTooManyVariables{"Error", "You have the max number of variables, about 250."};
+inline const Message kUnderscoresToDashes{"Note", "Your underscores are being replaced with dashes -"};
+inline const Message kNoSubChosen{
+    "Hello", "You must select a Sub from the list above. You will be able to assign commands to "
+             "the opening and closing of tools."};
+
+// Refusals of the server editor.
+inline const Message kTooManyFields{"Error", "You have reached the max, sorry, try deleting one "
+                                             "first, restarting the app, and adding it again."};
+
+// Our own refusals, where the editor guards a table or the file's format.
+inline const Message kTooManyElements{"Error",
+                                      "Sorry, you have reached the maximum number of elements."};
+inline const Message kTooManyQlobs{"Error", "Sorry, you have reached the maximum number of qlobs."};
+inline const Message kQlobExists{"Error", "A qlob with that name already exists."};
+inline const Message kTooManyToolSubs{
+    "Error", "Sorry, you have reached the maximum number of tool assignments."};
+inline const Message kTooManyHelpTopics{"Error",
+                                        "Sorry, you have reached the maximum number of help topics."};
+inline const Message kTooManyServers{"Error",
+                                     "Sorry, you have reached the maximum number of custom servers."};
+inline const Message kUnwritableName{
+    "Error", "A name can't hold a colon, a back-quote, a line break or another control "
+             "character, and can't be longer than 100 characters."};
+inline const Message kUnwritableValue{
+    "Error", "A value can't hold a colon, a line break or another control character: the "
+             "project file keeps neither."};
+inline const Message kNoSuchTool{"Error", "There is no tool of that name."};
+inline const Message kNoSuchElement{"Error", "There is no element of that name."};
+inline const Message kNoSuchQlob{"Error", "There is no qlob of that name."};
+inline const Message kNoSuchVariable{"Error", "There is no variable of that name."};
+inline const Message kVariableExists{"Error", "A variable with that name already exists."};
+
+// The questions the front end asks before it calls an operation.
+inline constexpr Question kDeleteElement{"Delete", "Would you like to delete this element?"};
+inline constexpr Question kDeleteSelected{"Delete",
+                                          "Are you sure you want to delete all of the selected items?"};
+inline constexpr Question kDeleteTool{"Delete", "Are you sure you want to delete this tool?"};
+inline constexpr Question kRemoveQlob{"Remove", "Would you like to remove this qlob?"};
+inline constexpr Question kRemoveItem{"Remove", "Would you like to remove this item?"};
+
+// Prompts of the editor's input boxes.
+inline constexpr std::string_view kElementNamePrompt = "Enter a name for this control";
+inline constexpr std::string_view kArrayPromptTitle = "Create array";
+inline constexpr std::string_view kArrayPrompt =
+    "How many items in the array? (too many might annoy you)";
+inline constexpr std::string_view kQlobNamePrompt =
+    "Enter a name for this Qlob function (NO SPACES)";
+
+// The command list a new qonsole starts with.
+inline constexpr std::string_view kNewQonsoleCommands =
+    "DATE (Show the current date.)`HELP (Show available commands.)`NOW (Show the current time "
+    "and date.)`TIME (Show the current time.)";
+
+} // namespace orrery::words

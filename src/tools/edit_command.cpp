@@ -1,0 +1,258 @@
+// The operations of orrery edit, by name.
+#include "tools/edit_command.h"
+
+#include <charconv>
+#include <functional>
+#include <iostream>
+#include <iterator>
+#include <span>
+
+#include "editor/sequences.h"
+#include "editor/servers.h"
+#include "editor/tools.h"
+#include "foundation/codepage.h"
+#include "foundation/paths.h"
+#include "foundation/text.h"
+#include "foundation/textfile.h"
+#include "project/loader.h"
+#include "project/saver.h"
+
+namespace orrery {
+
+namespace {
+
+using Words = std::span<const std::string>;
+
+struct Operation {
+    std::string_view name;
+    std::string_view usage;
+    std::string_view about;
+    int least = 0; // words after the name
+    int most = 0;  // -1: any number
+    std::function<Outcome(ProjectModel &, Words)> run;
+};
+
+// A whole number written in decimal digits, 0 for anything else.
+int Number(std::string_view word) {
+    int n = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), n);
+    return error == std::errc() && end == word.data() + word.size() ? n : 0;
+}
+
+const std::vector<Operation> &Operations() {
+    static const std::vector<Operation> operations{
+        {"add-tool", "NAME", "a tool in the side menu's list", 1, 1,
+         [](ProjectModel &m, Words w) { return AddTool(m, w[0]); }},
+        {"remove-tool", "NAME", "a tool with its elements and assignments", 1, 1,
+         [](ProjectModel &m, Words w) { return RemoveTool(m, w[0]); }},
+        {"exclude-tool", "NAME", "keep a tool out of the side menu", 1, 1,
+         [](ProjectModel &m, Words w) { return ExcludeTool(m, w[0], true); }},
+        {"include-tool", "NAME", "let an excluded tool back into the side menu", 1, 1,
+         [](ProjectModel &m, Words w) { return ExcludeTool(m, w[0], false); }},
+        {"add-var", "NAME VALUE", "a user variable and its default value", 2, 2,
+         [](ProjectModel &m, Words w) { return AddXVar(m, w[0], w[1]); }},
+        {"remove-var", "NAME", "a user variable", 1, 1,
+         [](ProjectModel &m, Words w) { return RemoveVar(m, w[0]); }},
+        {"add-qlob", "NAME", "an empty qlob", 1, 1,
+         [](ProjectModel &m, Words w) { return AddQlob(m, w[0]); }},
+        {"set-qlob", "NAME STATEMENTS", "a qlob's statements, separated by back-quotes", 2, 2,
+         [](ProjectModel &m, Words w) { return SetQlob(m, w[0], w[1]); }},
+        {"remove-qlob", "NAME", "a qlob", 1, 1,
+         [](ProjectModel &m, Words w) { return RemoveQlob(m, w[0]); }},
+        {"set-sequence", "TARGET STATEMENTS",
+         "the statements of main-load or TOOL:EVENT (open, close, activate, every1second, "
+         "every2seconds, every10seconds, every60seconds)",
+         2, 2,
+         [](ProjectModel &m, Words w) {
+             if (NormText(w[0]) == "main-load") return SetMainLoad(m, w[1]);
+             const std::size_t colon = w[0].rfind(':');
+             if (colon == std::string::npos) return SetToolSub(m, w[0], "", w[1]);
+             return SetToolSub(m, w[0].substr(0, colon), w[0].substr(colon + 1), w[1]);
+         }},
+        {"set-help", "TITLE TEXT", "a help topic; a new title adds one", 2, 2,
+         [](ProjectModel &m, Words w) { return SetHelp(m, w[0], w[1]); }},
+        {"remove-help", "TITLE", "a help topic", 1, 1,
+         [](ProjectModel &m, Words w) { return RemoveHelp(m, w[0]); }},
+        {"set-setting", "KEY VALUE", "a key of the project file, such as helpon or mygamebackground",
+         2, 2, [](ProjectModel &m, Words w) { return SetSetting(m, w[0], w[1]); }},
+        {"set-random-servers", "N", "the number of random servers: 1, 500, 1000, 2500, 5000 or 10000",
+         1, 1, [](ProjectModel &m, Words w) { return SetRandomServers(m, w[0]); }},
+        {"add-field", "NAME VALUE [--random]",
+         "a server field; VALUE is a text or RANDOM:WORD, RANDOM:SHORTWORD, RANDOM:AVERAGEWORD, "
+         "RANDOM:LONGWORD, RANDOM:<n1>-<n2>, RANDOM:NAME, RANDOM:EXISTINGIP, "
+         "RANDOM:EXISTINGHOSTNAME; --random gives it to random servers too",
+         2, 3,
+         [](ProjectModel &m, Words w) {
+             if (w.size() == 3 && w[2] != "--random")
+                 return Outcome{{}, Message{"Error", "Only --random may follow the value."}, {}};
+             return AddServerField(m, w[0], w[1], w.size() == 3);
+         }},
+        {"remove-field", "NAME", "a server field", 1, 1,
+         [](ProjectModel &m, Words w) { return RemoveServerField(m, w[0]); }},
+        {"add-server", "FIELD=VALUE...", "a custom server with a value for each field named", 1, -1,
+         [](ProjectModel &m, Words w) {
+             std::vector<std::pair<std::string, std::string>> values;
+             for (const std::string &word : w) {
+                 const std::size_t equals = word.find('=');
+                 if (equals == std::string::npos)
+                     return Outcome{{}, Message{"Error", "Each value is written FIELD=VALUE."}, {}};
+                 values.emplace_back(word.substr(0, equals), word.substr(equals + 1));
+             }
+             return AddCustomServer(m, values);
+         }},
+        {"edit-server", "N RECORD", "custom server N (1 for the first) as a whole record", 2, 2,
+         [](ProjectModel &m, Words w) { return EditCustomServer(m, Number(w[0]), w[1]); }},
+        {"remove-server", "N", "custom server N (1 for the first)", 1, 1,
+         [](ProjectModel &m, Words w) { return RemoveCustomServer(m, Number(w[0])); }},
+    };
+    return operations;
+}
+
+const Operation *FindOperation(std::string_view name) {
+    for (const Operation &operation : Operations())
+        if (operation.name == name) return &operation;
+    return nullptr;
+}
+
+void PrintHelp(std::ostream &out) {
+    out << "Usage: orrery edit <app-dir> <name> <operation> [arguments]\n"
+           "       orrery edit <app-dir> <name> --script FILE   (- for standard input)\n\n"
+           "A script holds one operation a line; words are separated by blanks, and a word\n"
+           "that holds blanks stands in double quotes. Lines that begin with # are passed over.\n"
+           "A script is applied whole or not at all: the first refused line is reported as\n"
+           "FILE:LINE: message, and nothing is saved.\n\nOperations:\n";
+    for (const Operation &operation : Operations())
+        out << "  " << operation.name << " " << operation.usage << "\n      " << operation.about
+            << "\n";
+}
+
+// The refusal's text, behind its title where that says more than "Error".
+std::string RefusalText(const Message &message) {
+    const std::string text = Cp1252ToUtf8(message.text);
+    return message.title == "Error" ? text : "[" + Cp1252ToUtf8(message.title) + "] " + text;
+}
+
+// What became of one operation: 0 when it went through, 1 when the system refused it, 2 when
+// the words name no operation or don't fit it.
+struct Applied {
+    int status = 0;
+    std::string problem;
+};
+
+Applied Apply(ProjectModel &model, std::vector<std::string> words) {
+    const Operation *operation = FindOperation(words[0]);
+    if (!operation) return {2, "unknown operation \"" + words[0] + "\" (see orrery edit --help)"};
+    const int given = static_cast<int>(words.size()) - 1;
+    if (given < operation->least || (operation->most >= 0 && given > operation->most))
+        return {2, "usage: " + std::string(operation->name) + " " + std::string(operation->usage)};
+    for (std::string &word : words) word = Utf8ToCp1252(word);
+    const Outcome outcome = operation->run(model, Words(words).subspan(1));
+    if (outcome.refused()) return {1, RefusalText(*outcome.refusal)};
+    return {};
+}
+
+int Save(ProjectModel &model, const AppPaths &paths, std::ostream &err) {
+    const SaveResult saved = SaveProject(model, paths, "", 1);
+    if (saved.status == SaveStatus::Saved) return 0;
+    err << "orrery: "
+        << (saved.status == SaveStatus::ReadOnly ? "a project loaded from a scrambled file can't be saved"
+                                                 : saved.error)
+        << "\n";
+    return 1;
+}
+
+int RunScript(ProjectModel &model, const std::string &file, std::istream &in, std::ostream &err) {
+    std::string text;
+    if (file == "-") {
+        text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    } else {
+        ReadError error = ReadError::None;
+        const auto bytes = ReadFileBytes(file, &error);
+        if (!bytes) {
+            err << "orrery: " << file << ": " << ReadErrorText(error) << "\n";
+            return 2;
+        }
+        text = *bytes;
+    }
+    const std::string name = file == "-" ? "<stdin>" : file;
+    int number = 0;
+    for (std::string_view line : SplitLines(text)) {
+        ++number;
+        std::vector<std::string> words;
+        const std::string_view trimmed = TrimView(line);
+        if (trimmed.empty() || trimmed.starts_with('#')) continue;
+        const Applied applied =
+            SplitWords(line, words) ? Apply(model, words) : Applied{2, "a quote is not closed"};
+        if (applied.status != 0) {
+            err << name << ":" << number << ": " << applied.problem << "\n";
+            return 1;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+bool SplitWords(std::string_view line, std::vector<std::string> &words) {
+    words.clear();
+    std::size_t i = 0;
+    while (i < line.size()) {
+        if (line[i] == ' ' || line[i] == '\t' || line[i] == '\r') {
+            ++i;
+            continue;
+        }
+        std::string word;
+        bool quoted = false;
+        for (; i < line.size() && (quoted || (line[i] != ' ' && line[i] != '\t' && line[i] != '\r'));
+             ++i) {
+            if (line[i] == '"') quoted = !quoted;
+            else if (quoted && line[i] == '\\' && i + 1 < line.size()) word += line[++i];
+            else word += line[i];
+        }
+        if (quoted) return false;
+        words.push_back(std::move(word));
+    }
+    return true;
+}
+
+int EditCommand(const std::vector<std::string> &args, std::istream &in, std::ostream &out,
+                std::ostream &err) {
+    // Words may begin with "-" (the tool separator, a negative position), so the command line
+    // is read here, word by word, rather than by the option parser.
+    if (args.empty() || args[0] == "--help" || args[0] == "-h") {
+        PrintHelp(out);
+        return args.empty() ? 2 : 0;
+    }
+    if (args.size() < 3) {
+        err << "orrery: edit needs <app-dir> <name> and an operation or --script FILE\n";
+        return 2;
+    }
+    const AppPaths paths(args[0]);
+    const std::string name = Utf8ToCp1252(args[1]);
+    if (const std::string problem = NameProblem(name, NameKind::Project); !problem.empty()) {
+        err << "orrery: " << UnusableName(args[1], NameKind::Project, problem) << "\n";
+        return 1;
+    }
+    ProjectModel model;
+    const LoadReport report = LoadProject(model, paths, name);
+    if (!report.found) {
+        err << "orrery: " << report.error << "\n";
+        return 1;
+    }
+    if (args[2] == "--script") {
+        if (args.size() != 4) {
+            err << "orrery: --script takes one file, or - for standard input\n";
+            return 2;
+        }
+        const int status = RunScript(model, args[3], in, err);
+        return status == 0 ? Save(model, paths, err) : status;
+    }
+    const Applied applied = Apply(model, {args.begin() + 2, args.end()});
+    if (applied.status != 0) {
+        err << (applied.status == 2 ? "orrery: " : "") << applied.problem << "\n";
+        return applied.status;
+    }
+    return Save(model, paths, err);
+}
+
+} // namespace orrery
