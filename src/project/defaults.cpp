@@ -174,8 +174,31 @@ void AddStandardServicesAndTools(ProjectModel &model) {
     for (std::string_view tool : kTools) model.ToolNameTable[++slot] = std::string(tool);
 }
 
+const std::vector<std::string> &StockFiles() {
+    static const std::vector<std::string> files{
+        "Data/names.dat",          "Data/words.dat",
+        "Res/uimages/bg-default.bmp", "Res/uimages/vbz-def.bmp",
+        "Res/uimages/locked.bmp",  "Res/toolstyle/tool-default.bmp",
+        "Res/toolstyle/tool-default-s.bmp", "Res/toolstyle/imleft.bmp",
+        "Res/toolstyle/immid.bmp"};
+    return files;
+}
+
+std::vector<std::string> CopyStock(const AppPaths &from, const AppPaths &to) {
+    std::vector<std::string> missing;
+    for (const std::string &file : StockFiles()) {
+        std::error_code error;
+        const fs::path target = to.Root() / file;
+        if (fs::is_regular_file(target, error)) continue;
+        fs::create_directories(target.parent_path(), error);
+        if (!fs::copy_file(from.Root() / file, target, fs::copy_options::skip_existing, error))
+            missing.push_back(file);
+    }
+    return missing;
+}
+
 CreateResult CreateProject(ProjectModel &model, const AppPaths &paths, const NewProjectInfo &info,
-                           const HostScreen &screen) {
+                           const HostScreen &screen, const AppPaths *stock) {
     CreateResult result;
     if (IsBlank(info.name) || IsBlank(info.author)) {
         result.message = kMissingNameOrAuthor;
@@ -199,7 +222,10 @@ CreateResult CreateProject(ProjectModel &model, const AppPaths &paths, const New
     AddStandardServicesAndTools(model);
     const SaveResult saved = SaveProject(model, paths, "", 1);
     result.created = saved.status == SaveStatus::Saved;
-    if (result.created) return result;
+    if (result.created) {
+        if (stock) result.missingStock = CopyStock(*stock, paths);
+        return result;
+    }
     result.message = saved.error;
     // A project that couldn't be written leaves no empty folder of its name behind.
     if (!folderWasThere) fs::remove(*paths.ProjectPath(info.name), error);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "foundation/paths.h"
 #include "project/model.h"
@@ -32,11 +33,20 @@ inline constexpr std::string_view kProjectAlreadyExists = "A project with that n
 struct CreateResult {
     bool created = false;
     std::string message; // why not, in the system's own words
+    std::vector<std::string> missingStock; // stock files neither tree had, relative to the root
 };
 
+// The files every application folder carries, relative to its root: the generator's word
+// lists and the pictures a new project's settings name.
+const std::vector<std::string> &StockFiles();
+// Copies each stock file that `to` lacks from `from`, never replacing one; returns those that
+// neither has.
+std::vector<std::string> CopyStock(const AppPaths &from, const AppPaths &to);
+
 // The wizard's create button: refuses a blank name or author and an existing project, makes
-// the application tree, fills the defaults, the services and the tools, and saves.
+// the application tree, fills the defaults, the services and the tools, and saves. With a
+// stock folder, a new tree gets the stock files it lacks from there.
 CreateResult CreateProject(ProjectModel &model, const AppPaths &paths, const NewProjectInfo &info,
-                           const HostScreen &screen = {});
+                           const HostScreen &screen = {}, const AppPaths *stock = nullptr);
 
 } // namespace orrery

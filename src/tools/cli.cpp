@@ -64,12 +64,18 @@ int New(const ProjectArgs &args, NewProjectInfo info, std::ostream &out, std::os
     for (std::string *text : {&info.author, &info.website, &info.email, &info.description})
         *text = Utf8ToCp1252(*text);
     ProjectModel model;
-    const CreateResult created = CreateProject(model, args.Paths(), info);
+    // The tool stands in its own application folder, which carries the stock a new tree needs.
+    std::error_code error;
+    const AppPaths own(std::filesystem::read_symlink("/proc/self/exe", error).parent_path());
+    const CreateResult created = CreateProject(model, args.Paths(), info, {}, &own);
     if (!created.created) {
         err << "orrery: " << created.message << "\n";
         return 1;
     }
     out << "created " << args.Paths().ProjectFile(info.name)->string() << "\n";
+    for (const std::string &file : created.missingStock)
+        err << "orrery: " << file << " is missing from " << own.Root().string()
+            << " and could not be copied into the new tree\n";
     return 0;
 }
 

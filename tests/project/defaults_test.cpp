@@ -67,3 +67,25 @@ TEST(ProjectDefaults, CreationRefusesBlankFieldsAndExistingProjects) {
 
 } // namespace
 } // namespace orrery
+
+namespace orrery {
+namespace {
+
+TEST(ApplicationStock, ANewTreeGetsWhatItLacksAndNothingIsReplaced) {
+    test::TempDir from, to;
+    const AppPaths source(from.path()), target(to.path());
+    const std::vector<std::string> &stock = StockFiles();
+    for (std::size_t i = 0; i + 1 < stock.size(); ++i) { // the last one the source lacks too
+        std::filesystem::create_directories((from.path() / stock[i]).parent_path());
+        ASSERT_TRUE(WriteTextFile(from.path() / stock[i], "stock " + stock[i]));
+    }
+    std::filesystem::create_directories(to.path() / "Data");
+    ASSERT_TRUE(WriteTextFile(to.path() / "Data/words.dat", "the author's own"));
+
+    EXPECT_EQ(CopyStock(source, target), std::vector<std::string>{stock.back()});
+    EXPECT_EQ(ReadTextFile(to.path() / "Data/words.dat"), "the author's own");
+    EXPECT_EQ(ReadTextFile(to.path() / "Data/names.dat"), "stock Data/names.dat");
+}
+
+} // namespace
+} // namespace orrery
