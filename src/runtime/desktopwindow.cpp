@@ -11,6 +11,7 @@
 #include "session/playsession.h"
 #include "widgets/deskpanels.h"
 #include "widgets/look.h"
+#include "widgets/sidemenuview.h"
 #include "widgets/toolview.h"
 
 #include <QApplication>
@@ -23,7 +24,7 @@
 namespace orrery {
 
 DesktopWindow::DesktopWindow(PlaySession &session, QtHost &host, QWidget *parent)
-    : QWidget(parent), m_session(session), m_host(host) {
+    : QWidget(parent), m_session(session), m_host(host), m_views(*this) {
     setObjectName("zzMain");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
@@ -116,7 +117,7 @@ void DesktopWindow::sync() {
     m_side->sync();
     for (int n = 1; n <= desk.toolboxCount; ++n) {
         auto found = m_tools.find(n);
-        if (found == m_tools.end()) found = m_tools.emplace(n, new ToolView(*this, n, this)).first;
+        if (found == m_tools.end()) found = m_tools.emplace(n, new ToolView(m_views, n, this)).first;
         found->second->sync();
     }
     restack();

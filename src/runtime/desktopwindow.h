@@ -3,6 +3,7 @@
 // desk model. The player's keys and clicks go to the model; after each, the views follow it.
 #pragma once
 
+#include "runtime/deskviewhost.h"
 #include "widgets/deskinput.h"
 
 #include <QMenu>
@@ -76,6 +77,7 @@ private:
 
     PlaySession &m_session;
     QtHost &m_host;
+    DeskViewHost m_views; // what the tools draw, and their input to the engine
     QPixmap m_background;
     QPixmap m_scaled;
     SideMenuView *m_side = nullptr;

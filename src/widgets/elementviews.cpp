@@ -1,14 +1,10 @@
 // The element controls on screen.
 #include "widgets/elementviews.h"
 
-#include "actions/game.h"
 #include "desk/qonsole.h"
-#include "desk/quicklist.h"
-#include "desk/tools.h"
-#include "foundation/paths.h"
 #include "foundation/text.h"
-#include "widgets/deskinput.h"
 #include "widgets/look.h"
+#include "widgets/viewhost.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -67,31 +63,22 @@ void ElementView::sync(const ElementControl &control) {
     if (w->isVisible() != control.visible) w->setVisible(control.visible);
 }
 
-void ElementView::pressTool(bool takeFocus) {
-    m_desk.run([row = m_row, takeFocus](Game &game) {
-        const ElementControl *control = game.desk.Control(row);
-        if (!control) return;
-        if (takeFocus) game.desk.focusRow = row;
-        ToolPress(game, control->box);
-    });
-}
-
-ElementView *MakeElementView(DeskInput &desk, int row, const ElementControl &control, QWidget *panel) {
+ElementView *MakeElementView(ViewHost &host, int row, const ElementControl &control, QWidget *panel) {
     switch (control.kind) {
-    case ElementKind::Label: return new LabelView(desk, row, panel);
-    case ElementKind::Button: return new ButtonView(desk, row, panel);
-    case ElementKind::Text: return new TextView(desk, row, panel);
-    case ElementKind::List: return new ListView(desk, row, panel);
-    case ElementKind::Image: return new ImageView(desk, row, panel);
-    case ElementKind::Qonsole: return new QonsoleView(desk, row, panel);
+    case ElementKind::Label: return new LabelView(host, row, panel);
+    case ElementKind::Button: return new ButtonView(host, row, panel);
+    case ElementKind::Text: return new TextView(host, row, panel);
+    case ElementKind::List: return new ListView(host, row, panel);
+    case ElementKind::Image: return new ImageView(host, row, panel);
+    case ElementKind::Qonsole: return new QonsoleView(host, row, panel);
     case ElementKind::Other: break;
     }
     return nullptr;
 }
 
 // Labels: a caption drawn on the tool, on its own back colour with back style 1.
-LabelView::LabelView(DeskInput &desk, int row, QWidget *parent)
-    : QWidget(parent), ElementView(desk, row) {
+LabelView::LabelView(ViewHost &host, int row, QWidget *parent)
+    : QWidget(parent), ElementView(host, row) {
     setMouseTracking(true);
 }
 
@@ -119,28 +106,22 @@ void LabelView::paintEvent(QPaintEvent *) {
                      m_caption);
 }
 
-void LabelView::mouseDoubleClickEvent(QMouseEvent *) {
-    m_desk.run([row = m_row](Game &game) { LabelDoubleClick(game, row); });
-}
+void LabelView::mouseDoubleClickEvent(QMouseEvent *) { m_host.doubleClicked(m_row); }
 
 void LabelView::mousePressEvent(QMouseEvent *event) {
     if (event->button() == Qt::RightButton) {
-        m_desk.run([row = m_row](Game &game) { LabelRightClick(game, row); });
-        m_desk.showQuickMenu(event->globalPosition().toPoint());
+        m_host.rightClicked(m_row, event->globalPosition().toPoint());
         return;
     }
-    pressTool();
+    m_host.pressed(m_row, false);
 }
 
-void LabelView::mouseMoveEvent(QMouseEvent *) {
-    if (m_desk.playing()) m_desk.game().desk.consoles.focus = 0;
-}
+void LabelView::mouseMoveEvent(QMouseEvent *) { m_host.hovered(); }
 
 // Buttons: the flat button, lighter under the mouse.
-ButtonView::ButtonView(DeskInput &desk, int row, QWidget *parent)
-    : FlatButton(parent), ElementView(desk, row) {
-    connect(this, &QAbstractButton::clicked, this,
-            [this] { m_desk.run([row = m_row](Game &game) { ButtonClick(game, row); }); });
+ButtonView::ButtonView(ViewHost &host, int row, QWidget *parent)
+    : FlatButton(parent), ElementView(host, row) {
+    connect(this, &QAbstractButton::clicked, this, [this] { m_host.clicked(m_row); });
 }
 
 void ButtonView::sync(const ElementControl &control) {
@@ -156,8 +137,8 @@ void ButtonView::sync(const ElementControl &control) {
 }
 
 // Text boxes: typed text goes to the model as it is typed; the model's changes come back.
-TextView::TextView(DeskInput &desk, int row, QWidget *parent)
-    : QPlainTextEdit(parent), ElementView(desk, row) {
+TextView::TextView(ViewHost &host, int row, QWidget *parent)
+    : QPlainTextEdit(parent), ElementView(host, row) {
     setFrameShape(QFrame::Box);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -175,18 +156,12 @@ TextView::TextView(DeskInput &desk, int row, QWidget *parent)
 }
 
 void TextView::pushText() {
-    if (!m_desk.playing()) return;
-    if (ElementControl *control = m_desk.game().desk.Control(m_row)) {
-        // The model keeps the line breaks of the system's text.
-        control->text = ReplaceAll(FromQString(toPlainText()), "\n", "\r\n");
-    }
+    // The model keeps the line breaks of the system's text.
+    m_host.textEdited(m_row, ReplaceAll(FromQString(toPlainText()), "\n", "\r\n"));
     pushSelection();
 }
 
 void TextView::pushSelection() {
-    if (!m_desk.playing()) return;
-    ElementControl *control = m_desk.game().desk.Control(m_row);
-    if (!control) return;
     const QTextCursor cursor = textCursor();
     // Positions count the system's two-character line breaks.
     const QString text = toPlainText();
@@ -194,8 +169,7 @@ void TextView::pushSelection() {
         return static_cast<std::size_t>(position + text.left(position).count(QLatin1Char('\n')));
     };
     const std::size_t start = systemPosition(cursor.selectionStart());
-    control->selStart = start;
-    control->selLength = systemPosition(cursor.selectionEnd()) - start;
+    m_host.selectionChanged(m_row, start, systemPosition(cursor.selectionEnd()) - start);
 }
 
 void TextView::sync(const ElementControl &control) {
@@ -254,17 +228,17 @@ void TextView::keyPressEvent(QKeyEvent *event) {
 }
 
 void TextView::focusInEvent(QFocusEvent *event) {
-    if (m_desk.playing()) m_desk.game().desk.focusRow = m_row;
+    m_host.focused(m_row);
     QPlainTextEdit::focusInEvent(event);
 }
 
 void TextView::mousePressEvent(QMouseEvent *event) {
-    pressTool(true);
+    m_host.pressed(m_row, true);
     QPlainTextEdit::mousePressEvent(event);
 }
 
 // Lists: the items of the model; a click selects and runs the element's action.
-ListView::ListView(DeskInput &desk, int row, QWidget *parent) : QListWidget(parent), ElementView(desk, row) {
+ListView::ListView(ViewHost &host, int row, QWidget *parent) : QListWidget(parent), ElementView(host, row) {
     setFrameShape(QFrame::Box);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 }
@@ -284,38 +258,23 @@ void ListView::sync(const ElementControl &control) {
 
 void ListView::mousePressEvent(QMouseEvent *event) {
     QListWidget::mousePressEvent(event);
-    const int index = currentRow();
-    // The press and the choice of item in one pass, so the list never shows the old item.
-    m_desk.run([row = m_row, index](Game &game) {
-        ElementControl *control = game.desk.Control(row);
-        if (!control) return;
-        game.desk.focusRow = row;
-        ToolPress(game, control->box);
-        if (index >= 0 && index < static_cast<int>(control->items.size())) {
-            control->listIndex = index;
-            control->text = control->items[static_cast<std::size_t>(index)];
-        }
-    });
-    if (event->button() == Qt::RightButton) {
-        m_desk.run([row = m_row](Game &game) { ListRightClick(game, row); });
-        m_desk.showQuickMenu(event->globalPosition().toPoint());
-    }
+    m_host.listPressed(m_row, currentRow());
+    if (event->button() == Qt::RightButton) m_host.rightClicked(m_row, event->globalPosition().toPoint());
 }
 
 void ListView::mouseReleaseEvent(QMouseEvent *event) {
     QListWidget::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton)
-        m_desk.run([row = m_row](Game &game) { ListClick(game, row); });
+    if (event->button() == Qt::LeftButton) m_host.clicked(m_row);
 }
 
 // Images: the picture stretched to the control; pressed, it sinks a pixel.
-ImageView::ImageView(DeskInput &desk, int row, QWidget *parent) : QWidget(parent), ElementView(desk, row) {}
+ImageView::ImageView(ViewHost &host, int row, QWidget *parent) : QWidget(parent), ElementView(host, row) {}
 
 void ImageView::sync(const ElementControl &control) {
     ElementView::sync(control);
     if (control.picture != m_file) {
         m_file = control.picture;
-        m_picture = LoadPicture(m_desk.paths().ResPath() / "uimages", m_file);
+        m_picture = LoadPicture(m_host.resourceFolder() / "uimages", m_file);
         update();
     }
 }
@@ -328,9 +287,9 @@ void ImageView::paintEvent(QPaintEvent *) {
 }
 
 void ImageView::mousePressEvent(QMouseEvent *event) {
-    pressTool();
+    m_host.pressed(m_row, false);
     if (event->button() != Qt::LeftButton) return;
-    m_pressed = !IsBlank(m_desk.game().project.Element(m_row)[kActionColumn]);
+    m_pressed = m_host.hasAction(m_row);
     update();
 }
 
@@ -339,11 +298,11 @@ void ImageView::mouseReleaseEvent(QMouseEvent *event) {
     const bool inside = rect().contains(event->position().toPoint());
     m_pressed = false;
     update();
-    if (inside) m_desk.run([row = m_row](Game &game) { ImageClick(game, row); });
+    if (inside) m_host.clicked(m_row);
 }
 
 // Qonsoles: the rows that fit and the input line with its caret, painted by hand.
-QonsoleView::QonsoleView(DeskInput &desk, int row, QWidget *parent) : QWidget(parent), ElementView(desk, row) {
+QonsoleView::QonsoleView(ViewHost &host, int row, QWidget *parent) : QWidget(parent), ElementView(host, row) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::IBeamCursor);
 }
@@ -351,8 +310,8 @@ QonsoleView::QonsoleView(DeskInput &desk, int row, QWidget *parent) : QWidget(pa
 void QonsoleView::sync(const ElementControl &control) {
     ElementView::sync(control);
     const QColor fore = ToQColor(control.foreColor), back = ToQColor(control.backColor);
-    std::vector<QonsoleScreenLine> lines = QonsoleScreen(m_desk.game().desk, m_row);
-    const bool focused = m_desk.game().desk.consoles.focus == m_row;
+    std::vector<QonsoleScreenLine> lines = m_host.qonsoleLines(m_row);
+    const bool focused = m_host.hasKeys(m_row);
     if (fore != m_fore || back != m_back || lines != m_lines || focused != m_focused) {
         m_fore = fore;
         m_back = back;
@@ -381,7 +340,7 @@ void QonsoleView::paintEvent(QPaintEvent *) {
 }
 
 void QonsoleView::mousePressEvent(QMouseEvent *) {
-    m_desk.run([row = m_row](Game &game) { QonsoleClick(game, row); });
+    m_host.clicked(m_row);
     // The keys come through the desktop's handler, which holds the keyboard focus.
     if (window()) window()->setFocus();
 }

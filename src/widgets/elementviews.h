@@ -1,5 +1,5 @@
 // The controls of tool elements on screen, one widget per element row, each a view of its
-// ElementControl: Sync copies the model in, and input goes back through the engine.
+// ElementControl: sync copies the control in, and input goes to the view host.
 #pragma once
 
 #include "desk/desk.h"
@@ -12,12 +12,12 @@
 
 namespace orrery {
 
-class DeskInput;
+class ViewHost;
 
 // The common part: the row it shows, and how it follows the model.
 class ElementView {
 public:
-    ElementView(DeskInput &desk, int row) : m_desk(desk), m_row(row) {}
+    ElementView(ViewHost &host, int row) : m_host(host), m_row(row) {}
     virtual ~ElementView() = default;
     virtual QWidget *widget() = 0;
     // Brings the widget up to the control's state.
@@ -25,10 +25,7 @@ public:
     int row() const { return m_row; }
 
 protected:
-    // A press on the element: the consoles lose the keys and its tool comes to the front; a
-    // text box or a list also takes the focus.
-    void pressTool(bool takeFocus = false);
-    DeskInput &m_desk;
+    ViewHost &m_host;
     int m_row;
 };
 
@@ -36,11 +33,11 @@ protected:
 const TextMeasure &QtTextMeasure();
 
 // Makes the view of a control's kind inside a tool's panel.
-ElementView *MakeElementView(DeskInput &desk, int row, const ElementControl &control, QWidget *panel);
+ElementView *MakeElementView(ViewHost &host, int row, const ElementControl &control, QWidget *panel);
 
 class LabelView : public QWidget, public ElementView {
 public:
-    LabelView(DeskInput &desk, int row, QWidget *parent);
+    LabelView(ViewHost &host, int row, QWidget *parent);
     QWidget *widget() override { return this; }
     void sync(const ElementControl &control) override;
 
@@ -59,7 +56,7 @@ private:
 
 class ButtonView : public FlatButton, public ElementView {
 public:
-    ButtonView(DeskInput &desk, int row, QWidget *parent);
+    ButtonView(ViewHost &host, int row, QWidget *parent);
     QWidget *widget() override { return this; }
     void sync(const ElementControl &control) override;
 };
@@ -67,7 +64,7 @@ public:
 class TextView : public QPlainTextEdit, public ElementView {
     Q_OBJECT
 public:
-    TextView(DeskInput &desk, int row, QWidget *parent);
+    TextView(ViewHost &host, int row, QWidget *parent);
     QWidget *widget() override { return this; }
     void sync(const ElementControl &control) override;
 
@@ -88,7 +85,7 @@ private:
 
 class ListView : public QListWidget, public ElementView {
 public:
-    ListView(DeskInput &desk, int row, QWidget *parent);
+    ListView(ViewHost &host, int row, QWidget *parent);
     QWidget *widget() override { return this; }
     void sync(const ElementControl &control) override;
 
@@ -103,7 +100,7 @@ private:
 
 class ImageView : public QWidget, public ElementView {
 public:
-    ImageView(DeskInput &desk, int row, QWidget *parent);
+    ImageView(ViewHost &host, int row, QWidget *parent);
     QWidget *widget() override { return this; }
     void sync(const ElementControl &control) override;
 
@@ -120,7 +117,7 @@ private:
 
 class QonsoleView : public QWidget, public ElementView {
 public:
-    QonsoleView(DeskInput &desk, int row, QWidget *parent);
+    QonsoleView(ViewHost &host, int row, QWidget *parent);
     QWidget *widget() override { return this; }
     void sync(const ElementControl &control) override;
 

@@ -13,6 +13,7 @@
 #include "session/playsession.h"
 #include "widgets/deskpanels.h"
 #include "widgets/look.h"
+#include "widgets/sidemenuview.h"
 #include "widgets/toolview.h"
 
 #include <QKeyEvent>

@@ -19,6 +19,7 @@
 #include "widgets/deskpanels.h"
 #include "widgets/elementviews.h"
 #include "widgets/look.h"
+#include "widgets/sidemenuview.h"
 #include "widgets/toolview.h"
 
 #include <QAbstractButton>
