@@ -4,11 +4,10 @@
 
 #include "desk/mainmenu.h"
 #include "foundation/paths.h"
+#include "widgets/menupainter.h"
 
-#include <QPixmap>
 #include <QRect>
 #include <QWidget>
-#include <string_view>
 
 namespace orrery {
 
@@ -48,15 +47,10 @@ protected:
 private:
     void Rebuild();
     void Carry(MenuAction action);
-    QPixmap Picture(std::string_view file) const;
-    void PaintLabels(QPainter &painter) const;
-    void PaintTextMenu(QPainter &painter) const;
-    void PaintImageMenu(QPainter &painter) const;
 
-    AppPaths m_paths;
     ProjectModel &m_project;
     MainMenu m_menu;
-    QPixmap m_background; // stretched to the window
+    MenuPainter m_painter;
 };
 
 } // namespace orrery

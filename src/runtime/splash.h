@@ -4,13 +4,7 @@
 #include <QRectF>
 #include <QWidget>
 
-class QPainter;
-
 namespace orrery {
-
-// The system's emblem, a sun with two orbits and their planets, drawn to fill the rect. The
-// splash and the menu's small picture show it; no file is needed.
-void PaintOrreryEmblem(QPainter &painter, const QRectF &rect);
 
 class SplashWindow : public QWidget {
     Q_OBJECT
