@@ -57,6 +57,7 @@ DesktopWindow::DesktopWindow(PlaySession &session, QtHost &host, QWidget *parent
         if (playing()) game().desk.quickMenuVisible = false;
     });
     connect(&m_host, &QtHost::changed, this, &DesktopWindow::sync);
+    connect(&Pictures(), &PictureCache::changed, this, qOverload<>(&QWidget::update));
     qApp->installEventFilter(this);
 }
 
@@ -74,9 +75,8 @@ void DesktopWindow::enter() {
     g.desk.formWidth = Twips(width());
     g.desk.formHeight = Twips(height());
     g.desk.consoles.measure = &QtTextMeasure();
-    m_background = LoadPicture(paths().ResPath() / "uimages", g.project.settings.mygamebackground);
+    m_background = g.project.settings.mygamebackground;
     StyleQuickMenu();
-    m_scaled = {};
     m_host.SetWindow(this);
     m_host.Run([this] { m_session.EnterDesktop(); });
 }
@@ -229,16 +229,15 @@ bool DesktopWindow::handleCharacter(const QKeyEvent &event) {
 
 void DesktopWindow::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    if (m_background.isNull()) {
+    const QPixmap background = LoadPicture(paths().ResPath() / "uimages", m_background);
+    if (background.isNull()) {
         QLinearGradient night(0, 0, 0, height());
         night.setColorAt(0, QColor(10, 16, 28));
         night.setColorAt(1, QColor(2, 4, 8));
         painter.fillRect(rect(), night);
         return;
     }
-    if (m_scaled.size() != size())
-        m_scaled = m_background.scaled(size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    painter.drawPixmap(0, 0, m_scaled);
+    painter.drawPixmap(0, 0, m_stretched.At(background, size()));
 }
 
 void DesktopWindow::resizeEvent(QResizeEvent *) {

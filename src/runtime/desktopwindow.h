@@ -5,12 +5,13 @@
 
 #include "runtime/deskviewhost.h"
 #include "widgets/deskinput.h"
+#include "widgets/picturecache.h"
 
 #include <QMenu>
-#include <QPixmap>
 #include <QPointer>
 #include <QWidget>
 #include <map>
+#include <string>
 #include <vector>
 
 namespace orrery {
@@ -78,8 +79,8 @@ private:
     PlaySession &m_session;
     QtHost &m_host;
     DeskViewHost m_views; // what the tools draw, and their input to the engine
-    QPixmap m_background;
-    QPixmap m_scaled;
+    std::string m_background; // the picture's file below Res/uimages
+    StretchedPicture m_stretched;
     SideMenuView *m_side = nullptr;
     QWidget *m_tooler = nullptr;
     std::map<int, ToolView *> m_tools; // by toolbox

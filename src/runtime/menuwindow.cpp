@@ -5,6 +5,7 @@
 #include "project/model.h"
 #include "runtime/keymap.h"
 #include "widgets/look.h"
+#include "widgets/picturecache.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -18,6 +19,7 @@ MenuWindow::MenuWindow(const AppPaths &paths, ProjectModel &project, QWidget *pa
     setWindowTitle(ToQString(Trim(project.settings.myprojectname)) + QStringLiteral(" - Menu"));
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    connect(&Pictures(), &PictureCache::changed, this, qOverload<>(&QWidget::update));
     Rebuild();
 }
 

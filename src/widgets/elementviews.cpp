@@ -4,6 +4,7 @@
 #include "desk/qonsole.h"
 #include "foundation/text.h"
 #include "widgets/look.h"
+#include "widgets/picturecache.h"
 #include "widgets/viewhost.h"
 
 #include <QKeyEvent>
@@ -268,15 +269,21 @@ void ListView::mouseReleaseEvent(QMouseEvent *event) {
 }
 
 // Images: the picture stretched to the control; pressed, it sinks a pixel.
-ImageView::ImageView(ViewHost &host, int row, QWidget *parent) : QWidget(parent), ElementView(host, row) {}
+ImageView::ImageView(ViewHost &host, int row, QWidget *parent) : QWidget(parent), ElementView(host, row) {
+    connect(&Pictures(), &PictureCache::changed, this, &ImageView::load);
+}
 
 void ImageView::sync(const ElementControl &control) {
     ElementView::sync(control);
     if (control.picture != m_file) {
         m_file = control.picture;
-        m_picture = LoadPicture(m_host.resourceFolder() / "uimages", m_file);
-        update();
+        load();
     }
+}
+
+void ImageView::load() {
+    m_picture = LoadPicture(m_host.resourceFolder() / "uimages", m_file);
+    update();
 }
 
 void ImageView::paintEvent(QPaintEvent *) {

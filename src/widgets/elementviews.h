@@ -110,6 +110,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    void load();
     std::string m_file;
     QPixmap m_picture;
     bool m_pressed = false;

@@ -3,6 +3,7 @@
 
 #include "foundation/codepage.h"
 #include "foundation/text.h"
+#include "widgets/picturecache.h"
 
 #include <QFontDatabase>
 #include <QHash>
@@ -68,32 +69,6 @@ void InstallFonts(const fs::path &fontsFolder) {
     }
 }
 
-QPixmap LoadPicture(const fs::path &folder, std::string_view file) {
-    const std::string_view name = TrimView(file);
-    if (name.empty() || name.find('/') != std::string_view::npos ||
-        name.find('\\') != std::string_view::npos || name == "." || name == "..")
-        return {};
-    // Pictures are read once: a paint asks again for every frame.
-    static QHash<QString, QPixmap> cache;
-    const std::string utf8 = Cp1252ToUtf8(name);
-    const QString asked = QString::fromStdString((folder / utf8).string());
-    if (auto found = cache.constFind(asked); found != cache.constEnd()) return *found;
-    fs::path path = folder / utf8;
-    std::error_code error;
-    if (!fs::exists(path, error)) {
-        // The projects' pictures come from a file system that ignores case.
-        path.clear();
-        const QString wanted = ToQString(name).toLower();
-        for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error)) {
-            if (QString::fromStdString(it->path().filename().string()).toLower() == wanted) {
-                path = it->path();
-                break;
-            }
-        }
-    }
-    // A picture that isn't there stays remembered as none.
-    QPixmap picture = path.empty() ? QPixmap() : QPixmap(QString::fromStdString(path.string()));
-    cache.insert(asked, picture);
-    return picture;
-}
+QPixmap LoadPicture(const fs::path &folder, std::string_view file) { return Pictures().Load(folder, file); }
+
 } // namespace orrery

@@ -40,7 +40,8 @@ QFont ProjectFont(std::string_view name, double size, bool bold = false, bool it
 void InstallFonts(const std::filesystem::path &fontsFolder);
 
 // A picture of the application folder: the file below the folder, its name matched without
-// regard to case. A missing or unreadable picture is a null pixmap: the control shows nothing.
+// regard to case, read through the shared picture cache. A missing or unreadable picture is a
+// null pixmap: the control shows nothing.
 QPixmap LoadPicture(const std::filesystem::path &folder, std::string_view file);
 
 } // namespace orrery

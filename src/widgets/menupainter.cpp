@@ -57,18 +57,13 @@ void MenuPainter::paint(QPainter &painter, const MainMenu &menu, const QSize &si
     PaintOrreryEmblem(painter, MenuPixels(menu.picture1));
 }
 
-// The stretched background is kept: stretching it smoothly on every paint is slow.
 void MenuPainter::paintBackground(QPainter &painter, const MainMenu &menu, const QSize &size) {
     const QPixmap background = picture(menu.backgroundFile);
     if (background.isNull() || size.isEmpty()) {
         painter.fillRect(QRect(QPoint(0, 0), size), Qt::black);
         return;
     }
-    if (m_scaled.size() != size || m_scaledFrom != background.cacheKey()) {
-        m_scaled = background.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-        m_scaledFrom = background.cacheKey();
-    }
-    painter.drawPixmap(0, 0, m_scaled);
+    painter.drawPixmap(0, 0, m_background.At(background, size));
 }
 
 void MenuPainter::paintPicturesAndBorder(QPainter &painter, const MainMenu &menu) const {

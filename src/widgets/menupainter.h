@@ -4,6 +4,7 @@
 #pragma once
 
 #include "desk/mainmenu.h"
+#include "widgets/picturecache.h"
 
 #include <QPixmap>
 #include <QRect>
@@ -37,8 +38,7 @@ private:
     void paintImageMenu(QPainter &painter, const MainMenu &menu) const;
 
     std::filesystem::path m_pictures;
-    QPixmap m_scaled;        // the background stretched to the form, as last painted
-    qint64 m_scaledFrom = 0; // the cache key of the picture it was stretched from
+    StretchedPicture m_background;
 };
 
 } // namespace orrery

@@ -7,6 +7,7 @@
 #include "foundation/text.h"
 #include "widgets/deskinput.h"
 #include "widgets/look.h"
+#include "widgets/picturecache.h"
 #include "widgets/toolview.h"
 
 #include <QMouseEvent>
@@ -18,6 +19,7 @@ namespace orrery {
 SideMenuView::SideMenuView(DeskInput &desk, QWidget *parent) : QWidget(parent), m_desk(desk) {
     setMouseTracking(true);
     setObjectName("sidemenu");
+    connect(&Pictures(), &PictureCache::changed, this, qOverload<>(&QWidget::update));
 }
 
 void SideMenuView::sync() {

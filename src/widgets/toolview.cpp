@@ -3,6 +3,7 @@
 
 #include "foundation/text.h"
 #include "widgets/look.h"
+#include "widgets/picturecache.h"
 #include "widgets/viewhost.h"
 
 #include <QLinearGradient>
@@ -67,6 +68,8 @@ void PaintTitleBar(QPainter &painter, const QRect &bar, const ProjectSettings &s
 ToolView::ToolView(ViewHost &host, int box, QWidget *parent) : QWidget(parent), m_host(host), m_box(box) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setObjectName(ToQString("tool:" + host.box(box).tag));
+    // The title bar's pictures are read as it is painted.
+    connect(&Pictures(), &PictureCache::changed, this, qOverload<>(&QWidget::update));
 }
 
 ToolView::~ToolView() = default;

@@ -3,6 +3,7 @@
 #include "guitest.h"
 #include "widgets/elementviews.h"
 #include "widgets/look.h"
+#include "widgets/picturecache.h"
 #include "widgets/toolview.h"
 #include "widgets/viewhost.h"
 
@@ -183,6 +184,16 @@ TEST_F(Preview, InputGoesToTheHost) {
         "clicked 2", "doubleClicked 1", "listPressed 2 4", "clicked 4",
         "pressed 5", "clicked 5",       "toolPressed 1",   "toolClosed 1"};
     EXPECT_EQ(host.events, expected);
+}
+
+TEST_F(Preview, AReplacedPictureShowsOnceTheCacheIsTold) {
+    QWidget *image = Element("imagechip");
+    QImage chip(16, 16, QImage::Format_RGB32);
+    chip.fill(QColor(30, 30, 200));
+    chip.save(QString::fromStdString((dir.path() / "uimages" / "chip.png").string()));
+    EXPECT_EQ(image->grab().toImage().pixelColor(30, 30), QColor(200, 30, 30));
+    Pictures().Forget(dir.path() / "uimages" / "chip.png");
+    EXPECT_EQ(image->grab().toImage().pixelColor(30, 30), QColor(30, 30, 200));
 }
 
 } // namespace
