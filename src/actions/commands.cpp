@@ -25,10 +25,10 @@ std::string Arg(const Statement &st, int index) { return BracketArg(st.rest, ind
 int ElementRowOf(Game &game, std::string element) {
     element = NormText(element);
     if (InStr(element, "($") && HasParens(element)) element = SubstituteVariables(game, element);
-    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[0]); };
+    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[kNameColumn]); };
     for (int row = 1; row <= kElementRows; ++row) {
         if (blank(row) && blank(row + 1) && blank(row + 2)) return 0;
-        if (NormText(game.project.Element(row)[0]) == element) return row;
+        if (NormText(game.project.Element(row)[kNameColumn]) == element) return row;
     }
     return 0;
 }
@@ -40,8 +40,7 @@ ElementControl *ChosenControl(Game &game, int row, std::string_view name,
     ElementControl *control = game.desk.Control(row);
     if (!control) return nullptr;
     for (ElementKind kind : kinds) {
-        static constexpr std::string_view kWords[] = {"", "button", "label", "text", "list", "image", "qonsole"};
-        if (InStr(name, kWords[static_cast<int>(kind)])) return control->kind == kind ? control : nullptr;
+        if (InStr(name, KindWord(kind))) return control->kind == kind ? control : nullptr;
     }
     return nullptr;
 }
@@ -187,7 +186,7 @@ std::string ConsolePrint(Game &game, Statement &st) {
     const std::string text = ExpandSpecials(game, Arg(st, 2));
     const std::string name = NormText(Arg(st, 1));
     for (int row = 1; row <= kElementRows; ++row)
-        if (!name.empty() && NormText(game.project.Element(row)[0]) == name) {
+        if (!name.empty() && NormText(game.project.Element(row)[kNameColumn]) == name) {
             PrintConsole(game, row, "~" + Trim(colour) + "     " + text);
             break;
         }
@@ -309,12 +308,12 @@ std::string ResetTool(Game &game, Statement &st) {
     // A short exception would protect everything; it becomes a text no name holds.
     if (first.size() < 4) first = "skdjfslduiofsmdfhsuiohiofudh";
     if (second.size() < 4) second = "skdjfdslduiofsmdfhsuiohiofudh";
-    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[0]); };
+    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[kNameColumn]); };
     for (int row = 1; row <= kElementRows; ++row) {
         if (blank(row) && blank(row + 1) && blank(row + 2)) break;
         const ElementRow &element = game.project.Element(row);
-        const std::string name = NormText(element[0]);
-        if (!InStr(NormText(element[1]), ":" + tool) || InStr(name, first) || InStr(name, second))
+        const std::string name = NormText(element[kNameColumn]);
+        if (!InStr(NormText(element[kToolColumn]), ":" + tool) || InStr(name, first) || InStr(name, second))
             continue;
         ElementControl *control = game.desk.Control(row);
         if (!control || control->kind == ElementKind::Image || control->kind == ElementKind::Other) continue;

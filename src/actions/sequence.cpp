@@ -142,7 +142,7 @@ void RunSequence(Game &game, std::string sequence, int ownerRow, int mode) {
     }
     if (ownerRow < 0 || ownerRow > kElementRows || game.walkDepth >= kMaxWalkDepth) return;
     if (ownerRow > 0) {
-        const std::string &name = game.project.Element(ownerRow)[0];
+        const std::string &name = game.project.Element(ownerRow)[kNameColumn];
         game.CurrentArrayIndex = HasParens(name) ? ParenText(name) : std::string();
     }
     sequence = ReplaceAll(sequence, "action:", "");

@@ -49,10 +49,10 @@ bool HasOperator(std::string_view text) {
 
 // The first element row of that name, up to the rows' bound; 0 when none.
 int TargetRow(const Game &game, const std::string &target) {
-    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[0]); };
+    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[kNameColumn]); };
     for (int row = 1; row <= kElementRows; ++row) {
         if (blank(row) && blank(row + 1) && blank(row + 2)) return 0;
-        if (NormText(game.project.Element(row)[0]) == target) return row;
+        if (NormText(game.project.Element(row)[kNameColumn]) == target) return row;
     }
     return 0;
 }

@@ -158,7 +158,7 @@ void CreateVariable(Game &game, std::string_view name, std::string_view value) {
 int FindElementRow(const Game &game, std::string_view name) {
     const std::string wanted = NormText(name);
     for (int row = 1; row <= kElementRows; ++row)
-        if (!wanted.empty() && NormText(game.project.Element(row)[0]) == wanted) return row;
+        if (!wanted.empty() && NormText(game.project.Element(row)[kNameColumn]) == wanted) return row;
     return 0;
 }
 

@@ -7,17 +7,6 @@
 
 namespace orrery {
 
-ElementKind KindOfName(std::string_view name) {
-    static constexpr std::pair<std::string_view, ElementKind> kKinds[] = {
-        {"button", ElementKind::Button}, {"label", ElementKind::Label},
-        {"text", ElementKind::Text},     {"list", ElementKind::List},
-        {"image", ElementKind::Image},   {"qonsole", ElementKind::Qonsole},
-    };
-    for (const auto &[word, kind] : kKinds)
-        if (name.find(word) != std::string_view::npos) return kind;
-    return ElementKind::Other;
-}
-
 ElementControl *Desk::Control(int row) {
     return row >= 1 && row <= kElementRows ? m_controls[static_cast<std::size_t>(row)].get() : nullptr;
 }

@@ -4,6 +4,7 @@
 
 #include "desk/menus.h"
 #include "desk/qonsole.h"
+#include "project/elementprops.h"
 #include "project/model.h"
 
 #include <array>
@@ -17,39 +18,6 @@ namespace orrery {
 
 inline constexpr int kToolboxes = 500;
 inline constexpr int kNoTool = 999;
-
-// The kind of an element, read from its name, which begins with the kind word.
-enum class ElementKind { Other, Button, Label, Text, List, Image, Qonsole };
-
-// The live control of one element of an open tool.
-struct ElementControl {
-    std::string tag; // the element's name, fixed once loaded
-    ElementKind kind = ElementKind::Other;
-    std::string caption;            // button, label
-    std::string text;               // text box; a list's selected item
-    std::vector<std::string> items; // list
-    int listIndex = -1;             // list: the selected item, -1 for none
-    std::size_t selStart = 0;       // text box: the caret, from 0
-    std::size_t selLength = 0;      // text box: the selection's length behind the caret
-    bool visible = true;
-    std::int32_t foreColor = 0;
-    std::int32_t backColor = 0;
-    std::string fontName;
-    double fontSize = 8;
-    bool fontBold = false;
-    bool fontItalic = false;
-    bool fontUnderline = false;
-    std::int32_t left = 0;
-    std::int32_t top = 0;
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-    std::int16_t alignment = 0;
-    std::int16_t backStyle = 0;
-    std::string dataField;
-    std::string picture;     // image: the file shown
-    std::string commandList; // qonsole: its commands, as the property holds them
-    int box = 0;             // the toolbox the element stands in
-};
 
 // One tool window: a panel whose tag is the tool's name, made at its first opening.
 struct ToolBox {
@@ -187,9 +155,5 @@ private:
     static std::uint64_t NewStamp();
     std::vector<ToolBox> m_toolboxes;                         // from index 1
 };
-
-// The kind of an element from its name; the first kind word found, in the order button,
-// label, text, list, image, qonsole.
-ElementKind KindOfName(std::string_view name);
 
 } // namespace orrery

@@ -121,4 +121,68 @@ void WriteSetting(std::string &out, const ProjectSettings &settings, const Setti
     out += "\r\n";
 }
 
+namespace {
+
+constexpr MenuLabelKey kMenuLabelKeys[] = {
+    {"menulabelcaption", &MenuLabel::caption},
+    {"menulabeltag", &MenuLabel::tag},
+    {"menulabelleft", &MenuLabel::left},
+    {"menulabeltop", &MenuLabel::top},
+    {"menulabelforecolor", &MenuLabel::foreColor},
+    {"menulabelbackstyle", &MenuLabel::backStyle},
+    {"menulabelbackcolor", &MenuLabel::backColor},
+    {"menulabelbold", &MenuLabel::bold},
+    {"menulabelitalic", &MenuLabel::italic},
+    {"menulabelunderline", &MenuLabel::underline},
+    {"menulabelfontsize", &MenuLabel::fontSize},
+    {"menulabelfontname", &MenuLabel::fontName},
+    {"menulabeldatafield", &MenuLabel::dataField, true},
+};
+
+} // namespace
+
+std::span<const MenuLabelKey> MenuLabelKeys() { return kMenuLabelKeys; }
+
+const MenuLabelKey *FindMenuLabelKey(std::string_view name) {
+    for (const MenuLabelKey &key : kMenuLabelKeys)
+        if (key.key == name) return &key;
+    return nullptr;
+}
+
+void ReadMenuLabelField(MenuLabel &label, const MenuLabelKey &key, std::string_view line) {
+    const std::string value =
+        key.twoFields ? FieldAt(line, 3) + ":" + FieldAt(line, 4) : FieldAt(line, 3);
+    std::visit(
+        [&](auto member) {
+            auto &field = label.*member;
+            using Field = std::remove_reference_t<decltype(field)>;
+            if constexpr (std::is_same_v<Field, std::string>) {
+                field = value;
+            } else if constexpr (std::is_same_v<Field, bool>) {
+                if (auto flag = ToBoolean(Trim(value))) field = *flag;
+            } else {
+                AssignInteger(field, Trim(value));
+            }
+        },
+        key.member);
+}
+
+void WriteMenuLabelField(std::string &out, const MenuLabel &label, const MenuLabelKey &key,
+                         std::string_view count) {
+    out.append(key.key).append(1, ':').append(count);
+    std::visit(
+        [&](auto member) {
+            const auto &field = label.*member;
+            using Field = std::remove_cvref_t<decltype(field)>;
+            if constexpr (std::is_same_v<Field, std::string>)
+                out += TrimView(field);
+            else if constexpr (std::is_same_v<Field, bool>)
+                out += BoolText(field);
+            else
+                out += IntText(field);
+        },
+        key.member);
+    out += "\r\n";
+}
+
 } // namespace orrery

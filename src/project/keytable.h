@@ -49,4 +49,26 @@ void ReadSetting(ProjectSettings &settings, const SettingKey &key, std::string_v
 // Appends "<key>:<value>" and CRLF.
 void WriteSetting(std::string &out, const ProjectSettings &settings, const SettingKey &key);
 
+using MenuLabelMember =
+    std::variant<std::string MenuLabel::*, bool MenuLabel::*, std::int16_t MenuLabel::*,
+                 std::int32_t MenuLabel::*>;
+
+// A key of a menu label's block, "<key>:<count>:<value>".
+struct MenuLabelKey {
+    std::string_view key;
+    MenuLabelMember member;
+    bool twoFields = false; // the value runs over two fields: the data field
+};
+
+// The keys of a menu label's block in writing order; the caption opens a block.
+std::span<const MenuLabelKey> MenuLabelKeys();
+// The key of that name form; nullptr when there is none.
+const MenuLabelKey *FindMenuLabelKey(std::string_view name);
+// Applies one line of the block to the label. A number or boolean that fails to convert
+// leaves the field as it was.
+void ReadMenuLabelField(MenuLabel &label, const MenuLabelKey &key, std::string_view line);
+// Appends "<key>:<count>:<value>" and CRLF, text trimmed.
+void WriteMenuLabelField(std::string &out, const MenuLabel &label, const MenuLabelKey &key,
+                         std::string_view count);
+
 } // namespace orrery

@@ -5,6 +5,7 @@
 #include "foundation/scramble.h"
 #include "foundation/text.h"
 #include "foundation/textfile.h"
+#include "project/elementprops.h"
 #include "project/keytable.h"
 
 #include <algorithm>
@@ -81,8 +82,8 @@ void NewElement(Reader &r, std::string_view line) {
                                                                   "image"};
     const std::string type = NormText(FieldAt(line, 2));
     if (std::find(kNumbered.begin(), kNumbered.end(), type) != kNumbered.end())
-        row[2] = type + ":" + IntText(m.elementCount);
-    row[0] = NormText(FieldAt(line, 3));
+        row[kKindColumn] = type + ":" + IntText(m.elementCount);
+    row[kNameColumn] = NormText(FieldAt(line, 3));
 }
 
 // The most frequent line of all, so it is put together in place: "<key>:<value>".
@@ -91,7 +92,7 @@ void StoreElementProperty(Reader &r, std::string_view line) {
     m.propertyCount = std::min(m.propertyCount + 1, kPropertyColumns);
     if (m.elementCount < 1 || m.elementCount > kElementRows) return;
     const auto [element, number, key, value] = LeadingFields<4>(line);
-    const int column = NormTextContains(key, "action") ? kActionColumn : m.propertyCount;
+    const int column = IsActionKey(key) ? kActionColumn : m.propertyCount;
     std::string &cell = m.Element(m.elementCount)[static_cast<std::size_t>(column)];
     cell.clear();
     cell.reserve(key.size() + 1 + value.size());
@@ -137,10 +138,6 @@ void SetInt32(std::int32_t &target, std::string_view text) {
     if (auto value = ToInt32(Trim(text))) target = *value;
 }
 
-void SetBool(bool &target, std::string_view text) {
-    if (auto value = ToBoolean(Trim(text))) target = *value;
-}
-
 void TreatMenuImageLine(Reader &r, std::string_view key, std::string_view line) {
     ProjectModel &m = r.model;
     if (key == "menuimagetag") {
@@ -158,38 +155,11 @@ void TreatMenuImageLine(Reader &r, std::string_view key, std::string_view line) 
         image->dataField = JoinFields34(line);
 }
 
-void TreatMenuLabelLine(Reader &r, std::string_view key, std::string_view line) {
+// A menu label's block: its caption line takes the next label, the later lines fill it.
+void TreatMenuLabelLine(Reader &r, const MenuLabelKey &key, std::string_view line) {
     ProjectModel &m = r.model;
-    if (key == "menulabelcaption") ++m.menuLabelCount;
-    MenuLabel *label = CurrentLabel(m);
-    if (!label) return;
-    const std::string value = FieldAt(line, 3);
-    if (key == "menulabelcaption")
-        label->caption = value;
-    else if (key == "menulabeltag")
-        label->tag = value;
-    else if (key == "menulabelleft")
-        SetInt32(label->left, value);
-    else if (key == "menulabeltop")
-        SetInt32(label->top, value);
-    else if (key == "menulabelforecolor")
-        SetInt32(label->foreColor, value);
-    else if (key == "menulabelbackcolor")
-        SetInt32(label->backColor, value);
-    else if (key == "menulabelbackstyle") {
-        if (auto style = ToInt16(Trim(value))) label->backStyle = *style;
-    } else if (key == "menulabelbold")
-        SetBool(label->bold, value);
-    else if (key == "menulabelitalic")
-        SetBool(label->italic, value);
-    else if (key == "menulabelunderline")
-        SetBool(label->underline, value);
-    else if (key == "menulabelfontsize")
-        label->fontSize = value;
-    else if (key == "menulabelfontname")
-        label->fontName = value;
-    else if (key == "menulabeldatafield")
-        label->dataField = JoinFields34(line);
+    if (key.key == MenuLabelKeys().front().key) ++m.menuLabelCount;
+    if (MenuLabel *label = CurrentLabel(m)) ReadMenuLabelField(*label, key, line);
 }
 
 using LineHandler = void (*)(Reader &, std::string_view key, std::string_view line);
@@ -199,7 +169,8 @@ struct RecordKey {
     LineHandler handler;
 };
 
-// The keys of records and blocks, sorted by name. Every other key is a scalar setting.
+// The keys of records and blocks, sorted by name. Every other key is a menu label's or a scalar
+// setting.
 constexpr RecordKey kRecordKeys[] = {
     {"[newel]", [](Reader &r, std::string_view, std::string_view l) { NewElement(r, l); }},
     {"customserver",
@@ -226,19 +197,6 @@ constexpr RecordKey kRecordKeys[] = {
     {"menuimageleft", TreatMenuImageLine},
     {"menuimagetag", TreatMenuImageLine},
     {"menuimagetop", TreatMenuImageLine},
-    {"menulabelbackcolor", TreatMenuLabelLine},
-    {"menulabelbackstyle", TreatMenuLabelLine},
-    {"menulabelbold", TreatMenuLabelLine},
-    {"menulabelcaption", TreatMenuLabelLine},
-    {"menulabeldatafield", TreatMenuLabelLine},
-    {"menulabelfontname", TreatMenuLabelLine},
-    {"menulabelfontsize", TreatMenuLabelLine},
-    {"menulabelforecolor", TreatMenuLabelLine},
-    {"menulabelitalic", TreatMenuLabelLine},
-    {"menulabelleft", TreatMenuLabelLine},
-    {"menulabeltag", TreatMenuLabelLine},
-    {"menulabeltop", TreatMenuLabelLine},
-    {"menulabelunderline", TreatMenuLabelLine},
     {"mytoolcaption",
      [](Reader &r, std::string_view, std::string_view l) { StoreToolCaption(r, l); }},
     {"qlob",
@@ -279,6 +237,8 @@ void TreatLine(Reader &r, std::string_view line, std::size_t colon) {
     if (const RecordKey *record = FindRecordKey(key)) {
         r.lastRecord = record;
         record->handler(r, key, line);
+    } else if (const MenuLabelKey *field = FindMenuLabelKey(key)) {
+        TreatMenuLabelLine(r, *field, line);
     } else if (const SettingKey *setting = FindSettingKey(key)) {
         ReadSetting(r.model.settings, *setting, line);
     }

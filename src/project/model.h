@@ -13,9 +13,13 @@ namespace orrery {
 
 inline constexpr int kElementRows = 1499;
 inline constexpr int kElementColumns = 23; // columns 0 to 22
+// Columns of an element's row.
+inline constexpr int kNameColumn = 0;       // the element's name, in its name form
+inline constexpr int kToolColumn = 1;       // "atool:<tool>"; a row without it is free
+inline constexpr int kKindColumn = 2;       // "<kind>:<number>"
 inline constexpr int kPropertyColumns = 21; // columns 1 to 21 hold "<key>:<value>"
-inline constexpr int kActionColumn = 20;
-inline constexpr int kRowNumberColumn = 22;
+inline constexpr int kActionColumn = 20;    // the action, whatever the order of reading
+inline constexpr int kRowNumberColumn = 22; // the row number, kept by the run-time
 inline constexpr int kMenuImageLimit = 32767;
 inline constexpr int kVariableRows = 2000;
 

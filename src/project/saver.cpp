@@ -47,19 +47,7 @@ void WriteMenuLabels(std::string &out, const ProjectModel &m) {
     for (const MenuLabel &label : m.MenuLabelTable) {
         if (IsBlank(label.caption)) continue;
         const std::string count = IntText(++n) + ":";
-        Line(out, "menulabelcaption:", count, Trim(label.caption));
-        Line(out, "menulabeltag:", count, Trim(label.tag));
-        Line(out, "menulabelleft:", count, IntText(label.left));
-        Line(out, "menulabeltop:", count, IntText(label.top));
-        Line(out, "menulabelforecolor:", count, IntText(label.foreColor));
-        Line(out, "menulabelbackstyle:", count, IntText(label.backStyle));
-        Line(out, "menulabelbackcolor:", count, IntText(label.backColor));
-        Line(out, "menulabelbold:", count, BoolText(label.bold));
-        Line(out, "menulabelitalic:", count, BoolText(label.italic));
-        Line(out, "menulabelunderline:", count, BoolText(label.underline));
-        Line(out, "menulabelfontsize:", count, Trim(label.fontSize));
-        Line(out, "menulabelfontname:", count, Trim(label.fontName));
-        Line(out, "menulabeldatafield:", count, Trim(label.dataField));
+        for (const MenuLabelKey &key : MenuLabelKeys()) WriteMenuLabelField(out, label, key, count);
     }
 }
 
@@ -113,8 +101,8 @@ const std::string &ElementPrefix(int column) {
 void WriteElements(std::string &out, ProjectModel &m) {
     for (int row = 1; row <= kElementRows; ++row) {
         ElementRow &element = m.Element(row);
-        if (IsBlank(element[1])) continue;
-        Line(out, "[newel]:", FieldView(element[2], 1), ":", element[0]);
+        if (IsBlank(element[kToolColumn])) continue;
+        Line(out, "[newel]:", FieldView(element[kKindColumn], 1), ":", element[kNameColumn]);
         for (int column = 1; column <= kPropertyColumns; ++column) {
             std::string &property = element[static_cast<std::size_t>(column)];
             if (IsBlank(property)) continue;

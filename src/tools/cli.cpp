@@ -127,7 +127,7 @@ int Summary(ProjectArgs args, std::ostream &out, std::ostream &err) {
     const ProjectSettings &s = model.settings;
     const int elements = static_cast<int>(std::count_if(
         model.ElementTable.begin() + 1, model.ElementTable.end(),
-        [](const ElementRow &row) { return !IsBlank(row[1]); }));
+        [](const ElementRow &row) { return !IsBlank(row[kToolColumn]); }));
     out << "Project:        " << args.name << (model.scrambled ? " (scrambled)" : "") << "\n"
         << "File:           " << args.Paths().ProjectFile(args.Name())->string() << "\n"
         << "Author:         " << Cp1252ToUtf8(s.myprojectauthor) << "\n"

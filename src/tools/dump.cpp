@@ -47,8 +47,8 @@ Json Elements(const ProjectModel &model) {
         Json columns = Json::object();
         for (int column = 1; column < kElementColumns; ++column)
             if (!element[column].empty()) columns[std::to_string(column)] = Utf8(element[column]);
-        if (element[0].empty() && columns.empty()) continue;
-        json.push_back({{"row", row}, {"name", Utf8(element[0])}, {"columns", columns}});
+        if (element[kNameColumn].empty() && columns.empty()) continue;
+        json.push_back({{"row", row}, {"name", Utf8(element[kNameColumn])}, {"columns", columns}});
     }
     return json;
 }

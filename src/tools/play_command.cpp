@@ -174,13 +174,6 @@ void ShowConsole(Script &s, const std::string &name) {
     }
 }
 
-std::string_view KindWord(ElementKind kind) {
-    // In the order of ElementKind.
-    static constexpr std::string_view kWords[] = {"other", "button", "label",  "text",
-                                                  "list",  "image",  "qonsole"};
-    return kWords[static_cast<std::size_t>(kind)];
-}
-
 std::string Short(const std::string &text) {
     if (text.size() <= kShortText) return Shown(text);
     return Shown(text.substr(0, kShortText)) + "...";

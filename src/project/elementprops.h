@@ -1,0 +1,120 @@
+// The properties of an element: the one table of their keys, and a row's cells by key.
+#pragma once
+
+#include "project/model.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orrery {
+
+// The kind of an element. Its name begins with the kind word, and the engine reads the kind
+// from the name, never from the kind column.
+enum class ElementKind { Other, Button, Label, Text, List, Image, Qonsole };
+
+// The kind of an element from its name: the first kind word found, in the order button,
+// label, text, list, image, qonsole.
+ElementKind KindOfName(std::string_view name);
+// The kind word: "button" for ElementKind::Button; "other" for Other, which no name holds.
+std::string_view KindWord(ElementKind kind);
+
+// A set of kinds, one bit each.
+using KindSet = std::uint8_t;
+constexpr KindSet KindBit(ElementKind kind) {
+    return static_cast<KindSet>(1u << static_cast<int>(kind));
+}
+constexpr bool HasKind(KindSet kinds, ElementKind kind) {
+    return (kinds & KindBit(kind)) != 0;
+}
+
+// The live control of one element of an open tool: what its properties set, and what the
+// player changes while it is shown.
+struct ElementControl {
+    std::string tag; // the element's name, fixed once loaded
+    ElementKind kind = ElementKind::Other;
+    std::string caption;            // button, label
+    std::string text;               // text box; a list's selected item
+    std::vector<std::string> items; // list
+    int listIndex = -1;             // list: the selected item, -1 for none
+    std::size_t selStart = 0;       // text box: the caret, from 0
+    std::size_t selLength = 0;      // text box: the selection's length behind the caret
+    bool visible = true;
+    std::int32_t foreColor = 0;
+    std::int32_t backColor = 0;
+    std::string fontName;
+    double fontSize = 8;
+    bool fontBold = false;
+    bool fontItalic = false;
+    bool fontUnderline = false;
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    std::int16_t alignment = 0;
+    std::int16_t backStyle = 0;
+    std::string dataField;
+    std::string picture;     // image: the file shown
+    std::string commandList; // qonsole: its commands, as the property holds them
+    int box = 0;             // the toolbox the element stands in
+};
+
+// What a property's value holds.
+enum class PropertyValueKind {
+    ToolName,   // the owning tool
+    KindNumber, // the element's number; the key is its kind
+    Text,
+    Number,
+    Twips,
+    Colour,
+    Boolean,     // "True" or "False"
+    ListItems,   // items separated by "//"
+    CommandList, // a qonsole's commands
+    Action,      // a sequence of statements
+    FileName,    // below Res/uimages
+};
+
+// One key of an element's property cells. A key whose column differs by kind has a row per
+// column.
+struct ElementProperty {
+    std::string_view key; // as the cell holds it, in name form
+    int column;           // where the tool editor first puts it; 0 for "after the others"
+    KindSet kinds;        // the kinds the tool editor gives it
+    PropertyValueKind value;
+    // Sets the control from the value; making is true when the control is being made, false
+    // when it is put back to its designed state. nullptr: the key never reaches a control.
+    void (*read)(ElementControl &control, std::string_view value, bool making);
+    // The value as the control holds it now; nullptr where there is none to read back.
+    std::string (*write)(const ElementControl &control);
+};
+
+// Every key, in column order.
+std::span<const ElementProperty> ElementProperties();
+// The row of a key (any case, blanks allowed) as a control of that kind has it; with kind
+// Other, or when no row names the kind, the key's first row. nullptr for an unknown key.
+const ElementProperty *FindElementProperty(std::string_view key,
+                                           ElementKind kind = ElementKind::Other);
+
+// Applies one "key:value" property cell to a control. Unknown keys and properties the kind
+// doesn't have are passed over. A list's items and a console's commands are taken only when
+// the control is made, so a reset leaves them.
+void ApplyProperty(ElementControl &control, std::string_view key, std::string_view value,
+                   bool making);
+// Applies every property cell of an element's row after the kind column, but the action.
+void ApplyProperties(ElementControl &control, const ElementRow &row, bool making);
+
+// True for a key that names the action: any key holding "action", as the reader takes it.
+bool IsActionKey(std::string_view key);
+// The column of the cell that holds the key, found by key since columns move on reload; an
+// action is always column 20. 0 when the row has none.
+int PropertyColumn(const ElementRow &row, std::string_view key);
+// The value of the key's cell, its second field; nullopt when the row has none.
+std::optional<std::string> PropertyValue(const ElementRow &row, std::string_view key);
+// Writes "<key>:<value>" into the key's cell, else into the first free property column; an
+// action always into column 20. Answers the column, 0 when the row has no room.
+int SetPropertyValue(ElementRow &row, std::string_view key, std::string_view value);
+
+} // namespace orrery
