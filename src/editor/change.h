@@ -2,14 +2,14 @@
 // and the messages the system gives an author instead of a change, or beside one.
 #pragma once
 
+#include "project/model.h"
+
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "project/model.h"
 
 namespace orrery {
 
@@ -70,7 +70,8 @@ struct Outcome {
 // operation that refuses half-way leaves the model as it found it.
 class Transaction {
 public:
-    Transaction(ProjectModel &model, std::string name) : m_model(model), m_change(std::move(name)) {}
+    Transaction(ProjectModel &model, std::string name)
+        : m_model(model), m_change(std::move(name)) {}
     ~Transaction() {
         if (!m_done) m_change.Undo(m_model);
     }

@@ -21,7 +21,9 @@ template <typename Type> auto Setting(Type ProjectSettings::*member) {
 }
 
 template <typename Table> auto Slot(Table ProjectModel::*table, int slot) {
-    return [table, slot](ProjectModel &m) -> auto & { return (m.*table)[slot]; };
+    return [ table, slot ](ProjectModel & m) -> auto & {
+        return (m.*table)[slot];
+    };
 }
 
 template <typename Type> auto Counter(Type ProjectModel::*member) {

@@ -1,14 +1,14 @@
 // Variables, qlobs, tool assignments, the start-up sequence, help topics and settings.
 #include "editor/sequences.h"
 
-#include <algorithm>
-
 #include "editor/places.h"
 #include "editor/text.h"
 #include "editor/tools.h"
 #include "editor/words.h"
 #include "foundation/text.h"
 #include "project/keytable.h"
+
+#include <algorithm>
 
 namespace orrery {
 
@@ -166,7 +166,8 @@ Outcome SetHelp(ProjectModel &model, std::string_view typedTitle, std::string_vi
     if (title.empty()) return t.Commit();
     if (auto problem = UnwritableName(title)) return t.Refuse(*problem);
     std::string text = ReplaceAll(ReplaceAll(typedText, "\r\n", "//"), "\n", "//");
-    if (text.find_first_of("\r\t") != std::string::npos || UnwritableValue(ReplaceAll(text, ":", "")))
+    if (text.find_first_of("\r\t") != std::string::npos ||
+        UnwritableValue(ReplaceAll(text, ":", "")))
         return t.Refuse(words::kUnwritableValue);
     int slot = FindHelp(model, title);
     if (!slot) slot = FirstFreeSlot(model.HelpTable, 0);
@@ -185,7 +186,8 @@ Outcome RemoveHelp(ProjectModel &model, std::string_view title) {
 Outcome SetSetting(ProjectModel &model, std::string_view key, std::string_view value) {
     Transaction t(model, "Change Setting");
     const SettingKey *setting = FindSettingKey(NormText(key));
-    if (!setting || setting->code == ValueCode::ProjectName || setting->code == ValueCode::WrittenOnly)
+    if (!setting || setting->code == ValueCode::ProjectName ||
+        setting->code == ValueCode::WrittenOnly)
         return t.Refuse({"Error", "There is no setting \"" + std::string(key) + "\"."});
     if (auto problem = UnwritableValue(value)) return t.Refuse(*problem);
     ProjectSettings changed = model.settings;

@@ -2,16 +2,17 @@
 // event assignments, the start-up sequence, the in-game help and the scalar settings.
 #pragma once
 
+#include "editor/change.h"
+
 #include <array>
 #include <string_view>
-
-#include "editor/change.h"
 
 namespace orrery {
 
 // The events a tool's sequence can be assigned to.
 inline constexpr std::array<std::string_view, 7> kToolSubs{
-    "open", "close", "activate", "every1second", "every2seconds", "every10seconds", "every60seconds"};
+    "open",          "close",          "activate",      "every1second",
+    "every2seconds", "every10seconds", "every60seconds"};
 
 // A new user variable with its default value; a name without its "$" gets one. At most 250
 // in the list; underscores of the value become dashes, with a note.

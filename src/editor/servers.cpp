@@ -1,12 +1,12 @@
 // Random servers, server fields and custom servers.
 #include "editor/servers.h"
 
-#include <algorithm>
-
 #include "editor/places.h"
 #include "editor/text.h"
 #include "editor/words.h"
 #include "foundation/text.h"
+
+#include <algorithm>
 
 namespace orrery {
 
@@ -116,9 +116,12 @@ Outcome AddCustomServer(ProjectModel &model,
     for (const std::string &field : fields) {
         const std::string name = NormText(FieldName(field));
         const std::string part = name + "=" + valueOf(name) + ":";
-        if (name == "ip") ip = part;
-        else if (name == "hostname") hostname = part;
-        else others += part;
+        if (name == "ip")
+            ip = part;
+        else if (name == "hostname")
+            hostname = part;
+        else
+            others += part;
     }
     const int slot = FirstFreeSlot(model.CustomServerTable, 0);
     if (!slot) return t.Refuse(words::kTooManyServers);

@@ -2,12 +2,12 @@
 // server has, and the fixed (custom) servers.
 #pragma once
 
+#include "editor/change.h"
+
 #include <array>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "editor/change.h"
 
 namespace orrery {
 

@@ -1,10 +1,10 @@
 // The editor's checks of names and values.
 #include "editor/text.h"
 
-#include <algorithm>
-
 #include "editor/words.h"
 #include "foundation/text.h"
+
+#include <algorithm>
 
 namespace orrery {
 

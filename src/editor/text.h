@@ -1,11 +1,11 @@
 // What the editor accepts as a name or a value: text the project file can keep as written.
 #pragma once
 
+#include "editor/change.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include "editor/change.h"
 
 namespace orrery {
 

@@ -21,7 +21,8 @@ std::vector<std::string> ExclusionList(const ProjectSettings &s) {
     std::vector<std::string> names;
     for (std::int16_t i = 1;; ++i) {
         const std::string name = FieldBy(s.mysideexludelist, i, "//");
-        if (name.empty() && FieldBy(s.mysideexludelist, static_cast<std::int16_t>(i + 1), "//").empty())
+        if (name.empty() &&
+            FieldBy(s.mysideexludelist, static_cast<std::int16_t>(i + 1), "//").empty())
             break;
         if (!IsBlank(name)) names.push_back(Trim(name));
     }

@@ -1,9 +1,9 @@
 // The tool editor's operations on tools: the side menu's list of tools and its exclusions.
 #pragma once
 
-#include <string_view>
-
 #include "editor/change.h"
+
+#include <string_view>
 
 namespace orrery {
 

@@ -2,9 +2,9 @@
 // the editor's windows, `orrery edit` and the tests.
 #pragma once
 
-#include <string_view>
-
 #include "editor/change.h"
+
+#include <string_view>
 
 namespace orrery::words {
 
@@ -30,7 +30,8 @@ inline const Message kRestartAfterToolRemoval{
     "Delete", "It is recommended to restart ORK after removing tools! (especially if you are "
               "planning to add new tools directly after)."};
 inline const Message kTooManyVariables{"Error", "You have the max number of variables, about 250."};
-inline const Message kUnderscoresToDashes{"Note", "Your underscores are being replaced with dashes -"};
+inline const Message kUnderscoresToDashes{"Note",
+                                          "Your underscores are being replaced with dashes -"};
 inline const Message kNoSubChosen{
     "Hello", "You must select a Sub from the list above. You will be able to assign commands to "
              "the opening and closing of tools."};
@@ -46,10 +47,10 @@ inline const Message kTooManyQlobs{"Error", "Sorry, you have reached the maximum
 inline const Message kQlobExists{"Error", "A qlob with that name already exists."};
 inline const Message kTooManyToolSubs{
     "Error", "Sorry, you have reached the maximum number of tool assignments."};
-inline const Message kTooManyHelpTopics{"Error",
-                                        "Sorry, you have reached the maximum number of help topics."};
-inline const Message kTooManyServers{"Error",
-                                     "Sorry, you have reached the maximum number of custom servers."};
+inline const Message kTooManyHelpTopics{
+    "Error", "Sorry, you have reached the maximum number of help topics."};
+inline const Message kTooManyServers{
+    "Error", "Sorry, you have reached the maximum number of custom servers."};
 inline const Message kUnwritableName{
     "Error", "A name can't hold a colon, a back-quote, a line break or another control "
              "character, and can't be longer than 100 characters."};
@@ -64,8 +65,8 @@ inline const Message kVariableExists{"Error", "A variable with that name already
 
 // The questions the front end asks before it calls an operation.
 inline constexpr Question kDeleteElement{"Delete", "Would you like to delete this element?"};
-inline constexpr Question kDeleteSelected{"Delete",
-                                          "Are you sure you want to delete all of the selected items?"};
+inline constexpr Question kDeleteSelected{
+    "Delete", "Are you sure you want to delete all of the selected items?"};
 inline constexpr Question kDeleteTool{"Delete", "Are you sure you want to delete this tool?"};
 inline constexpr Question kRemoveQlob{"Remove", "Would you like to remove this qlob?"};
 inline constexpr Question kRemoveItem{"Remove", "Would you like to remove this item?"};

@@ -1,21 +1,24 @@
 // The operations of orrery edit, by name.
 #include "tools/edit_command.h"
 
+#include "editor/elements.h"
+#include "editor/sequences.h"
+#include "editor/servers.h"
+#include "editor/tools.h"
+#include "editor/words.h"
+#include "foundation/codepage.h"
+#include "foundation/paths.h"
+#include "foundation/random.h"
+#include "foundation/text.h"
+#include "foundation/textfile.h"
+#include "project/loader.h"
+#include "project/saver.h"
+
 #include <charconv>
 #include <functional>
 #include <iostream>
 #include <iterator>
 #include <span>
-
-#include "editor/sequences.h"
-#include "editor/servers.h"
-#include "editor/tools.h"
-#include "foundation/codepage.h"
-#include "foundation/paths.h"
-#include "foundation/text.h"
-#include "foundation/textfile.h"
-#include "project/loader.h"
-#include "project/saver.h"
 
 namespace orrery {
 
@@ -32,11 +35,45 @@ struct Operation {
     std::function<Outcome(ProjectModel &, Words)> run;
 };
 
-// A whole number written in decimal digits, 0 for anything else.
-int Number(std::string_view word) {
+std::optional<ElementKind> KindByWord(std::string_view word) {
+    for (ElementKind kind : {ElementKind::Button, ElementKind::Label, ElementKind::List,
+                             ElementKind::Text, ElementKind::Image, ElementKind::Qonsole})
+        if (NormText(word) == KindWord(kind)) return kind;
+    return std::nullopt;
+}
+
+const Message kNotAKind{"Error",
+                        "The kind is one of button, label, list, text, image and qonsole."};
+const Message kNotAPosition{"Error", "A position is two whole numbers of twips: LEFT TOP."};
+
+std::vector<std::string> Rest(Words words) {
+    return {words.begin(), words.end()};
+}
+
+Outcome Refused(const Message &message) {
+    return {{}, message, {}};
+}
+
+// A whole number, possibly negative, or nullopt.
+std::optional<int> Signed(std::string_view word) {
     int n = 0;
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), n);
-    return error == std::errc() && end == word.data() + word.size() ? n : 0;
+    if (error != std::errc() || end != word.data() + word.size() || word.empty())
+        return std::nullopt;
+    return n;
+}
+
+Outcome AddElementWords(ProjectModel &m, Words w) {
+    const auto kind = KindByWord(w[1]);
+    if (!kind) return Refused(kNotAKind);
+    Position at;
+    if (w.size() == 4) return Refused(kNotAPosition);
+    if (w.size() == 5) {
+        const auto left = Signed(w[3]), top = Signed(w[4]);
+        if (!left || !top) return Refused(kNotAPosition);
+        at = {*left, *top};
+    }
+    return AddElement(m, w[0], *kind, w[2], at);
 }
 
 const std::vector<Operation> &Operations() {
@@ -49,6 +86,42 @@ const std::vector<Operation> &Operations() {
          [](ProjectModel &m, Words w) { return ExcludeTool(m, w[0], true); }},
         {"include-tool", "NAME", "let an excluded tool back into the side menu", 1, 1,
          [](ProjectModel &m, Words w) { return ExcludeTool(m, w[0], false); }},
+        {"add-element", "TOOL KIND NAME [LEFT TOP]",
+         "an element of a kind (button, label, list, text, image, qonsole) named as typed", 3, 5,
+         AddElementWords},
+        {"add-array", "TOOL KIND COUNT", "an array of up to 12 elements, named <stem>(1) on", 3, 3,
+         [](ProjectModel &m, Words w) {
+             const auto kind = KindByWord(w[1]);
+             return kind ? AddArray(m, w[0], *kind, w[2], ProcessRandom()) : Refused(kNotAKind);
+         }},
+        {"set", "ELEMENT PROPERTY VALUE",
+         "a property of an element by its stored name (caption, left, top, width, height, "
+         "forecolor, backcolor, fontname, fontsize, action, commandlist, listitems...)",
+         3, 3, [](ProjectModel &m, Words w) { return SetElementProperty(m, {w[0]}, w[1], w[2]); }},
+        {"nudge", "DIRECTION ELEMENT...",
+         "move (left, right, up, down) or size (wider, narrower, taller, shorter) by 120 twips", 2,
+         -1,
+         [](ProjectModel &m, Words w) {
+             const auto nudge = NudgeByWord(w[0]);
+             if (!nudge)
+                 return Refused({"Error", "The direction is one of left, right, up, down, wider, "
+                                          "narrower, taller and shorter."});
+             return NudgeElements(m, *nudge, Rest(w.subspan(1)));
+         }},
+        {"delete", "ELEMENT...", "elements", 1, -1,
+         [](ProjectModel &m, Words w) { return DeleteElements(m, Rest(w)); }},
+        {"copy-properties", "FROM TO...",
+         "back style, colours, font, size and alignment from one element to others", 2, -1,
+         [](ProjectModel &m, Words w) {
+             if (!ElementRowByName(m, w[0])) return Refused(words::kNoSuchElement);
+             return PasteProperties(m, CopyProperties(m, w[0]), Rest(w.subspan(1)));
+         }},
+        {"add-qombo", "TOOL TYPE LEFT TOP", "a ready-made group of elements, type 1 to 7", 4, 4,
+         [](ProjectModel &m, Words w) {
+             const auto type = Signed(w[1]), left = Signed(w[2]), top = Signed(w[3]);
+             if (!type || !left || !top) return Refused(kNotAPosition);
+             return AddQombo(m, w[0], *type, {*left, *top});
+         }},
         {"add-var", "NAME VALUE", "a user variable and its default value", 2, 2,
          [](ProjectModel &m, Words w) { return AddXVar(m, w[0], w[1]); }},
         {"remove-var", "NAME", "a user variable", 1, 1,
@@ -60,11 +133,12 @@ const std::vector<Operation> &Operations() {
         {"remove-qlob", "NAME", "a qlob", 1, 1,
          [](ProjectModel &m, Words w) { return RemoveQlob(m, w[0]); }},
         {"set-sequence", "TARGET STATEMENTS",
-         "the statements of main-load or TOOL:EVENT (open, close, activate, every1second, "
-         "every2seconds, every10seconds, every60seconds)",
+         "the statements of an element, of main-load or of TOOL:EVENT (open, close, activate, "
+         "every1second, every2seconds, every10seconds, every60seconds)",
          2, 2,
          [](ProjectModel &m, Words w) {
              if (NormText(w[0]) == "main-load") return SetMainLoad(m, w[1]);
+             if (ElementRowByName(m, w[0])) return SetElementProperty(m, {w[0]}, "action", w[1]);
              const std::size_t colon = w[0].rfind(':');
              if (colon == std::string::npos) return SetToolSub(m, w[0], "", w[1]);
              return SetToolSub(m, w[0].substr(0, colon), w[0].substr(colon + 1), w[1]);
@@ -73,10 +147,12 @@ const std::vector<Operation> &Operations() {
          [](ProjectModel &m, Words w) { return SetHelp(m, w[0], w[1]); }},
         {"remove-help", "TITLE", "a help topic", 1, 1,
          [](ProjectModel &m, Words w) { return RemoveHelp(m, w[0]); }},
-        {"set-setting", "KEY VALUE", "a key of the project file, such as helpon or mygamebackground",
-         2, 2, [](ProjectModel &m, Words w) { return SetSetting(m, w[0], w[1]); }},
-        {"set-random-servers", "N", "the number of random servers: 1, 500, 1000, 2500, 5000 or 10000",
-         1, 1, [](ProjectModel &m, Words w) { return SetRandomServers(m, w[0]); }},
+        {"set-setting", "KEY VALUE",
+         "a key of the project file, such as helpon or mygamebackground", 2, 2,
+         [](ProjectModel &m, Words w) { return SetSetting(m, w[0], w[1]); }},
+        {"set-random-servers", "N",
+         "the number of random servers: 1, 500, 1000, 2500, 5000 or 10000", 1, 1,
+         [](ProjectModel &m, Words w) { return SetRandomServers(m, w[0]); }},
         {"add-field", "NAME VALUE [--random]",
          "a server field; VALUE is a text or RANDOM:WORD, RANDOM:SHORTWORD, RANDOM:AVERAGEWORD, "
          "RANDOM:LONGWORD, RANDOM:<n1>-<n2>, RANDOM:NAME, RANDOM:EXISTINGIP, "
@@ -84,7 +160,7 @@ const std::vector<Operation> &Operations() {
          2, 3,
          [](ProjectModel &m, Words w) {
              if (w.size() == 3 && w[2] != "--random")
-                 return Outcome{{}, Message{"Error", "Only --random may follow the value."}, {}};
+                 return Refused({"Error", "Only --random may follow the value."});
              return AddServerField(m, w[0], w[1], w.size() == 3);
          }},
         {"remove-field", "NAME", "a server field", 1, 1,
@@ -95,15 +171,17 @@ const std::vector<Operation> &Operations() {
              for (const std::string &word : w) {
                  const std::size_t equals = word.find('=');
                  if (equals == std::string::npos)
-                     return Outcome{{}, Message{"Error", "Each value is written FIELD=VALUE."}, {}};
+                     return Refused({"Error", "Each value is written FIELD=VALUE."});
                  values.emplace_back(word.substr(0, equals), word.substr(equals + 1));
              }
              return AddCustomServer(m, values);
          }},
         {"edit-server", "N RECORD", "custom server N (1 for the first) as a whole record", 2, 2,
-         [](ProjectModel &m, Words w) { return EditCustomServer(m, Number(w[0]), w[1]); }},
+         [](ProjectModel &m, Words w) {
+             return EditCustomServer(m, Signed(w[0]).value_or(0), w[1]);
+         }},
         {"remove-server", "N", "custom server N (1 for the first)", 1, 1,
-         [](ProjectModel &m, Words w) { return RemoveCustomServer(m, Number(w[0])); }},
+         [](ProjectModel &m, Words w) { return RemoveCustomServer(m, Signed(w[0]).value_or(0)); }},
     };
     return operations;
 }
@@ -155,8 +233,9 @@ int Save(ProjectModel &model, const AppPaths &paths, std::ostream &err) {
     const SaveResult saved = SaveProject(model, paths, "", 1);
     if (saved.status == SaveStatus::Saved) return 0;
     err << "orrery: "
-        << (saved.status == SaveStatus::ReadOnly ? "a project loaded from a scrambled file can't be saved"
-                                                 : saved.error)
+        << (saved.status == SaveStatus::ReadOnly
+                ? "a project loaded from a scrambled file can't be saved"
+                : saved.error)
         << "\n";
     return 1;
 }
@@ -203,11 +282,15 @@ bool SplitWords(std::string_view line, std::vector<std::string> &words) {
         }
         std::string word;
         bool quoted = false;
-        for (; i < line.size() && (quoted || (line[i] != ' ' && line[i] != '\t' && line[i] != '\r'));
+        for (;
+             i < line.size() && (quoted || (line[i] != ' ' && line[i] != '\t' && line[i] != '\r'));
              ++i) {
-            if (line[i] == '"') quoted = !quoted;
-            else if (quoted && line[i] == '\\' && i + 1 < line.size()) word += line[++i];
-            else word += line[i];
+            if (line[i] == '"')
+                quoted = !quoted;
+            else if (quoted && line[i] == '\\' && i + 1 < line.size())
+                word += line[++i];
+            else
+                word += line[i];
         }
         if (quoted) return false;
         words.push_back(std::move(word));

@@ -4,8 +4,7 @@
 #include "editor/servers.h"
 #include "editor/tools.h"
 #include "editor/words.h"
-#include "project/defaults.h"
-#include "project/saver.h"
+#include "fixture.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -13,17 +12,8 @@
 namespace orrery {
 namespace {
 
-ProjectModel NewProject() {
-    ProjectModel model;
-    SetProjectDefaults(model, {"Test", "Author", "", "", ""});
-    AddStandardServicesAndTools(model);
-    return model;
-}
-
-std::string FileText(const ProjectModel &model) {
-    ProjectModel copy = model;
-    return BuildProjectText(copy);
-}
+using test::FileText;
+using test::NewProject;
 
 TEST(Transaction, ARefusalAfterWritesLeavesTheModelAsItWas) {
     ProjectModel model = NewProject();
@@ -150,7 +140,8 @@ TEST(EditorOperations, EachIsUndoneAndRedoneToTheByte) {
         {"add-var", [](ProjectModel &m) { return AddXVar(m, "$gold", "5"); }},
         {"remove-var", [](ProjectModel &m) { return RemoveVar(m, "$player"); }},
         {"add-qlob", [](ProjectModel &m) { return AddQlob(m, "tick"); }},
-        {"set-sequence", [](ProjectModel &m) { return SetToolSub(m, "Mail System", "close", "A`B"); }},
+        {"set-sequence",
+         [](ProjectModel &m) { return SetToolSub(m, "Mail System", "close", "A`B"); }},
         {"main-load", [](ProjectModel &m) { return SetMainLoad(m, "QLOB [TICK]"); }},
         {"set-help", [](ProjectModel &m) { return SetHelp(m, "Keys", "F1"); }},
         {"set-setting", [](ProjectModel &m) { return SetSetting(m, "helpon", "False"); }},

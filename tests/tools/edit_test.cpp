@@ -60,12 +60,17 @@ TEST_F(EditTool, AScriptIsAppliedWholeOrNotAtAll) {
     EXPECT_EQ(refused.err, "<stdin>:4: A tool with that name already exists.\n");
     EXPECT_EQ(File(), before) << "nothing of a refused script is saved";
 
-    const EditRun applied =
-        Orrery({"edit", app, "Game", "--script", "-"}, "add-tool \"Mail Box\"\nadd-var gold 5\n");
+    const EditRun applied = Orrery({"edit", app, "Game", "--script", "-"},
+                                   "add-tool \"Mail Box\"\nadd-var gold 5\n"
+                                   "add-element \"Mail Box\" label status 120 240\n"
+                                   "set labelstatus caption \"Credits - none\"\n");
     EXPECT_EQ(applied.code, 0) << applied.err;
     EXPECT_EQ(applied.out, "");
     EXPECT_NE(File().find("mytoolcaption:10:Mail Box\r\n"), std::string::npos);
     EXPECT_NE(File().find("variable:$gold=5\r\n"), std::string::npos);
+    EXPECT_NE(File().find("[newel]:label:labelstatus\r\nelement:1:atool:Mail Box\r\n"),
+              std::string::npos);
+    EXPECT_NE(File().find("caption:Credits - none\r\n"), std::string::npos);
 }
 
 TEST_F(EditTool, ARefusalPrintsItsWordsWithATitleThatSaysMore) {

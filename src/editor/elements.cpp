@@ -1,0 +1,376 @@
+// Adding, changing, moving and deleting elements, and the qombos.
+#include "editor/elements.h"
+
+#include "editor/places.h"
+#include "editor/text.h"
+#include "editor/tools.h"
+#include "editor/words.h"
+#include "foundation/convert.h"
+#include "foundation/random.h"
+#include "foundation/text.h"
+#include "project/keytable.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace orrery {
+
+namespace {
+
+// A new element's size by kind, in twips: large enough to show what it holds.
+struct Size {
+    std::int32_t width, height;
+};
+Size DefaultSize(ElementKind kind) {
+    switch (kind) {
+    case ElementKind::Button:
+        return {1200, 375};
+    case ElementKind::Label:
+        return {1800, 255};
+    case ElementKind::Text:
+        return {2400, 285};
+    case ElementKind::List:
+        return {2400, 1200};
+    case ElementKind::Image:
+        return {960, 960};
+    case ElementKind::Qonsole:
+        return {4800, 2400};
+    default:
+        return {1200, 375};
+    }
+}
+
+// A scalar setting as the project file writes it.
+std::string SettingText(const ProjectSettings &settings, std::string_view name) {
+    const SettingKey *key = FindSettingKey(name);
+    if (!key) return {};
+    return std::visit(
+        [&](auto member) -> std::string {
+            const auto &value = settings.*member;
+            using Type = std::decay_t<decltype(value)>;
+            if constexpr (std::is_same_v<Type, std::string>)
+                return value;
+            else if constexpr (std::is_same_v<Type, bool>)
+                return BoolText(value);
+            else
+                return IntText(value);
+        },
+        key->member);
+}
+
+// The cells of a new element of a kind, in the order the tool editor writes them.
+std::vector<std::pair<std::string, std::string>> NewCells(const ProjectModel &model,
+                                                          ElementKind kind, std::string_view tool,
+                                                          int number, std::string_view caption,
+                                                          Position at) {
+    const std::string word(KindWord(kind));
+    std::vector<std::pair<std::string, std::string>> cells{{"atool", std::string(tool)},
+                                                           {word, IntText(number)}};
+    if (kind != ElementKind::Image) {
+        const std::string style = "mtdefstyle" + word;
+        const auto setting = [&](std::string_view what) {
+            return SettingText(model.settings, style + std::string(what));
+        };
+        const std::string font = setting("fontname");
+        cells.insert(cells.end(), {{"fontname", IsBlank(font) ? "Verdana" : font},
+                                   {"fontsize", setting("fontsize")},
+                                   {"forecolor", setting("forecolor")},
+                                   {"backcolor", setting("backcolor")},
+                                   {"fontbold", setting("bold")},
+                                   {"fontitalic", setting("italic")},
+                                   {"fontunderline", setting("underline")}});
+        if (kind == ElementKind::Button || kind == ElementKind::Label)
+            cells.emplace_back("caption", std::string(caption));
+        if (kind == ElementKind::Label) cells.emplace_back("backstyle", "0");
+        if (kind == ElementKind::Button) cells.emplace_back("backcolor2", setting("backcolor2"));
+        if (FindSettingKey(style + "alignment"))
+            cells.emplace_back("alignment", setting("alignment"));
+    }
+    const Size size = DefaultSize(kind);
+    cells.insert(cells.end(), {{"left", IntText(at.left)},
+                               {"top", IntText(at.top)},
+                               {"width", IntText(size.width)},
+                               {"height", IntText(size.height)}});
+    if (kind == ElementKind::Qonsole)
+        cells.emplace_back("commandlist", std::string(words::kNewQonsoleCommands));
+    return cells;
+}
+
+// Where the tool editor puts a new element's cell: the key's own column, and a key without one
+// (a picture, a console's commands) in the first free column from 17 on, the action's aside.
+int NewCellColumn(const ElementRow &element, std::string_view key, ElementKind kind) {
+    const ElementProperty *property = FindElementProperty(key, kind);
+    if (property && property->column > 0 &&
+        IsBlank(element[static_cast<std::size_t>(property->column)]))
+        return property->column;
+    for (int column = 17; column <= kPropertyColumns; ++column)
+        if (column != kActionColumn && IsBlank(element[static_cast<std::size_t>(column)]))
+            return column;
+    return kPropertyColumns;
+}
+
+// The first blank row; 0 when the table is full.
+int FreeElementRow(const ProjectModel &model) {
+    for (int row = 1; row <= kElementRows; ++row)
+        if (IsBlank(model.Element(row)[kToolColumn]) && IsBlank(model.Element(row)[kNameColumn]))
+            return row;
+    return 0;
+}
+
+// The tool's name as its list holds it, or the refusal for a kind or a tool not chosen.
+std::optional<Message> ToolFor(const ProjectModel &model, std::string_view tool, ElementKind kind,
+                               std::string &name) {
+    if (kind == ElementKind::Other) return words::kNoKindChosen;
+    const int slot = FindTool(model, tool);
+    if (!slot || Trim(model.ToolNameTable[slot]) == "-") return words::kNoToolChosen;
+    name = Trim(model.ToolNameTable[slot]);
+    return std::nullopt;
+}
+
+// Adds an element whose name is already clean; the transaction is the caller's.
+std::optional<Message> AddNamed(Transaction &t, std::string_view tool, ElementKind kind,
+                                const std::string &name, std::string_view caption, Position at) {
+    ProjectModel &model = t.model();
+    if (name.size() < 3) return words::kElementNameInvalid;
+    if (auto problem = UnwritableName(name)) return problem;
+    if (ElementNameExists(model, name)) return words::kElementNameExists;
+    const int row = FreeElementRow(model);
+    if (!row) return words::kTooManyElements;
+    const int number = model.elementCount + 1;
+    t.Set(place::Counter(&ProjectModel::elementCount), number);
+    ElementRow element{};
+    element[kNameColumn] = std::string(KindWord(kind)) + name;
+    for (const auto &[key, value] : NewCells(model, kind, tool, number, caption, at))
+        element[static_cast<std::size_t>(NewCellColumn(element, key, kind))] = key + ":" + value;
+    t.Set(place::ElementRowAt(row), element);
+    return std::nullopt;
+}
+
+// The rows of the named elements, or the refusal for a name no element has.
+std::optional<Message> RowsOf(const ProjectModel &model, const std::vector<std::string> &names,
+                              std::vector<int> &rows) {
+    for (const std::string &name : names) {
+        const int row = ElementRowByName(model, name);
+        if (!row) return words::kNoSuchElement;
+        if (std::find(rows.begin(), rows.end(), row) == rows.end()) rows.push_back(row);
+    }
+    return std::nullopt;
+}
+
+// Sets one cell of a row through the transaction.
+void SetCell(Transaction &t, int row, std::string_view key, std::string_view value) {
+    ElementRow element = t.model().Element(row);
+    if (SetPropertyValue(element, key, value)) t.Set(place::ElementRowAt(row), element);
+}
+
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+    std::int32_t n = 0;
+    const std::string trimmed = Trim(text);
+    const auto [end, error] = std::from_chars(trimmed.data(), trimmed.data() + trimmed.size(), n);
+    if (error != std::errc() || end != trimmed.data() + trimmed.size() || trimmed.empty())
+        return std::nullopt;
+    return n;
+}
+
+// The value as the property keeps it, or the refusal.
+std::optional<Message> Storable(const ElementProperty &property, const ProjectModel &model,
+                                std::string &value) {
+    const Message notNumber{"Error", "The " + std::string(property.key) + " is a whole number."};
+    switch (property.value) {
+    case PropertyValueKind::KindNumber:
+        return Message{"Error", "An element's kind and number are not changed."};
+    case PropertyValueKind::Number:
+    case PropertyValueKind::Twips:
+    case PropertyValueKind::Colour:
+        if (!WholeNumber(value)) return notNumber;
+        value = IntText(*WholeNumber(value));
+        return std::nullopt;
+    case PropertyValueKind::Boolean:
+        if (const auto flag = ToBoolean(Trim(value))) {
+            value = BoolText(*flag);
+            return std::nullopt;
+        }
+        return Message{"Error", "The " + std::string(property.key) + " is True or False."};
+    case PropertyValueKind::ToolName:
+        if (!FindTool(model, value)) return words::kNoSuchTool;
+        return std::nullopt;
+    case PropertyValueKind::Action:
+        value = Trim(StorableSequence(value));
+        return std::nullopt;
+    case PropertyValueKind::FileName:
+        if (value.find_first_of("/\\") != std::string::npos || Trim(value) == ".." ||
+            Trim(value) == ".")
+            return Message{"Error", "A picture is named by its file name alone: it lies in "
+                                    "Res/uimages."};
+        return UnwritableValue(value);
+    default:
+        return UnwritableValue(value);
+    }
+}
+
+// The cell a nudge changes and by how much, in the order of the Nudge words.
+struct NudgeStep {
+    std::string_view key;
+    std::int32_t delta;
+    bool size;
+};
+NudgeStep StepOf(Nudge nudge) {
+    static constexpr NudgeStep kSteps[] = {{"left", -kNudge, false}, {"left", kNudge, false},
+                                           {"top", -kNudge, false},  {"top", kNudge, false},
+                                           {"width", kNudge, true},  {"width", -kNudge, true},
+                                           {"height", kNudge, true}, {"height", -kNudge, true}};
+    return kSteps[static_cast<std::size_t>(nudge)];
+}
+
+std::int32_t Twips(const ElementRow &row, std::string_view key) {
+    return RoundToInt32(Val(PropertyValue(row, key).value_or("0"))).value_or(0);
+}
+
+} // namespace
+
+std::string CleanElementName(std::string_view typed) {
+    std::string name = NormText(typed);
+    for (std::string_view word : {"button", "label", "image", "list", "text"})
+        name = ReplaceAll(name, word, "");
+    return NormText(StripPunctuation(name));
+}
+
+bool ElementNameExists(const ProjectModel &model, std::string_view name) {
+    const std::string wanted = NormText(name);
+    for (int row = 1; row <= kElementRows; ++row)
+        if (!IsBlank(model.Element(row)[kNameColumn]) &&
+            NormText(model.Element(row)[kNameColumn]).ends_with(wanted))
+            return true;
+    return false;
+}
+
+int ElementRowByName(const ProjectModel &model, std::string_view name) {
+    const std::string wanted = NormText(name);
+    if (wanted.empty()) return 0;
+    for (int row = 1; row <= kElementRows; ++row)
+        if (NormText(model.Element(row)[kNameColumn]) == wanted &&
+            !IsBlank(model.Element(row)[kToolColumn]))
+            return row;
+    return 0;
+}
+
+Outcome AddElement(ProjectModel &model, std::string_view tool, ElementKind kind,
+                   std::string_view typedName, Position at) {
+    Transaction t(model, "Add Element");
+    std::string owner;
+    if (auto refusal = ToolFor(model, tool, kind, owner)) return t.Refuse(*refusal);
+    const std::string name = CleanElementName(typedName);
+    if (auto refusal = AddNamed(t, owner, kind, name, Trim(typedName), at))
+        return t.Refuse(*refusal);
+    return t.Commit();
+}
+
+Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
+                 std::string_view count, Random &random) {
+    Transaction t(model, "Add Array");
+    const int n = RoundToInt32(Val(count)).value_or(0);
+    if (n <= 0) return t.Commit();
+    if (n > kLargestArray) return t.Refuse(words::kArrayTooBig);
+    std::string owner;
+    if (auto refusal = ToolFor(model, tool, kind, owner)) return t.Refuse(*refusal);
+    const std::string stem = IntText(static_cast<int>(random.Unit() * 8000) + 1000);
+    for (int i = 1; i <= n; ++i) {
+        const std::string name = stem + "(" + IntText(i) + ")";
+        if (auto refusal = AddNamed(t, owner, kind, name, name, {})) return t.Refuse(*refusal);
+    }
+    return t.Commit({words::kArrayWarning});
+}
+
+Outcome SetElementProperty(ProjectModel &model, const std::vector<std::string> &elements,
+                           std::string_view key, std::string_view typedValue) {
+    Transaction t(model, "Change " + NormText(key));
+    std::vector<int> rows;
+    if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
+    for (int row : rows) {
+        const ElementKind kind = KindOfName(NormText(model.Element(row)[kNameColumn]));
+        const ElementProperty *property = FindElementProperty(key, kind);
+        if (!property || !HasKind(property->kinds, kind))
+            return t.Refuse({"Error", "A " + std::string(KindWord(kind)) + " has no property \"" +
+                                          std::string(key) + "\"."});
+        std::string value(typedValue);
+        if (auto refusal = Storable(*property, model, value)) return t.Refuse(*refusal);
+        SetCell(t, row, property->key, value);
+    }
+    return t.Commit();
+}
+
+std::optional<Nudge> NudgeByWord(std::string_view word) {
+    static constexpr std::pair<std::string_view, Nudge> kWords[] = {
+        {"left", Nudge::Left},     {"right", Nudge::Right},    {"up", Nudge::Up},
+        {"down", Nudge::Down},     {"wider", Nudge::Wider},    {"narrower", Nudge::Narrower},
+        {"taller", Nudge::Taller}, {"shorter", Nudge::Shorter}};
+    for (const auto &[name, nudge] : kWords)
+        if (NormText(word) == name) return nudge;
+    return std::nullopt;
+}
+
+Outcome NudgeElements(ProjectModel &model, Nudge nudge, const std::vector<std::string> &elements) {
+    Transaction t(model, nudge <= Nudge::Down ? "Move" : "Size");
+    std::vector<int> rows;
+    if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
+    const NudgeStep step = StepOf(nudge);
+    for (int row : rows) {
+        const std::int32_t value = Twips(model.Element(row), step.key) + step.delta;
+        if (!step.size || value >= 0) SetCell(t, row, step.key, IntText(value));
+    }
+    return t.Commit();
+}
+
+Outcome DeleteElements(ProjectModel &model, const std::vector<std::string> &elements) {
+    Transaction t(model, elements.size() == 1 ? "Delete Element" : "Delete Elements");
+    std::vector<int> rows;
+    if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
+    std::vector<ElementRow> kept;
+    int last = 0;
+    for (int row = 1; row <= kElementRows; ++row) {
+        if (std::find(rows.begin(), rows.end(), row) != rows.end()) continue;
+        if (!IsBlank(model.Element(row)[kToolColumn]) || !IsBlank(model.Element(row)[kNameColumn]))
+            last = row;
+        kept.push_back(model.Element(row));
+    }
+    // Rows close up from the first deleted one to the last in use, so that no gap of two
+    // blank rows hides the rows behind it from the tool's scan.
+    const int first = *std::min_element(rows.begin(), rows.end());
+    for (int row = first; row <= std::max(last, *std::max_element(rows.begin(), rows.end()));
+         ++row) {
+        const std::size_t i = static_cast<std::size_t>(row - 1);
+        t.Set(place::ElementRowAt(row), i < kept.size() ? kept[i] : ElementRow{});
+    }
+    return t.Commit();
+}
+
+std::vector<std::string> CopyProperties(const ProjectModel &model, std::string_view element) {
+    std::vector<std::string> cells;
+    const int row = ElementRowByName(model, element);
+    if (!row) return cells;
+    for (std::string_view key : kCopiedProperties)
+        if (const auto value = PropertyValue(model.Element(row), key))
+            cells.push_back(std::string(key) + ":" + *value);
+    return cells;
+}
+
+Outcome PasteProperties(ProjectModel &model, const std::vector<std::string> &cells,
+                        const std::vector<std::string> &elements) {
+    Transaction t(model, "Paste Properties");
+    std::vector<int> rows;
+    if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
+    for (int row : rows) {
+        const ElementKind kind = KindOfName(NormText(model.Element(row)[kNameColumn]));
+        for (const std::string &cell : cells) {
+            const std::string key = NormText(FieldAt(cell, 1));
+            const ElementProperty *property = FindElementProperty(key, kind);
+            if (property && HasKind(property->kinds, kind) &&
+                std::find(std::begin(kCopiedProperties), std::end(kCopiedProperties), key) !=
+                    std::end(kCopiedProperties))
+                SetCell(t, row, key, FieldAt(cell, 2));
+        }
+    }
+    return t.Commit();
+}
+
+} // namespace orrery

@@ -1,0 +1,165 @@
+// The element operations: names, arrays, properties, nudges, deletes, copied properties and
+// qombos, each one step that undoes to the byte.
+#include "editor/elements.h"
+#include "editor/tools.h"
+#include "editor/words.h"
+#include "fixture.h"
+#include "foundation/random.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace orrery {
+namespace {
+
+using test::FileText;
+using test::NewProject;
+
+std::string Cell(const ProjectModel &m, std::string_view element, std::string_view key) {
+    return PropertyValue(m.Element(ElementRowByName(m, element)), key).value_or("<none>");
+}
+
+TEST(ElementNames, TheKindWordGoesBeforeTheCleanedName) {
+    const std::pair<const char *, const char *> rows[] = {{"labelstatus", "status"},
+                                                          {"Big Button!", "big"},
+                                                          {"my-list of texts", "my- of s"},
+                                                          {"../../etc", "....etc"}};
+    for (const auto &[typed, clean] : rows) EXPECT_EQ(CleanElementName(typed), clean) << typed;
+}
+
+TEST(AddElement, RulesAndWords) {
+    struct Row {
+        const char *tool;
+        ElementKind kind;
+        const char *name;
+        std::optional<Message> refusal;
+    };
+    const Row rows[] = {
+        {"Console", ElementKind::Other, "status", words::kNoKindChosen},
+        {"Nowhere", ElementKind::Label, "status", words::kNoToolChosen},
+        {"Console", ElementKind::Label, "ab", words::kElementNameInvalid},
+        {"Console", ElementKind::Label, "label ab!", words::kElementNameInvalid},
+        {"Console", ElementKind::Button, "status", words::kElementNameExists},
+        {"Console", ElementKind::Button, "atus", words::kElementNameExists},
+        {"Console", ElementKind::Button, "statuses", std::nullopt},
+    };
+    for (const Row &row : rows) {
+        ProjectModel m = NewProject();
+        ASSERT_FALSE(AddElement(m, "Connector", ElementKind::Label, "labelstatus").refused());
+        EXPECT_EQ(AddElement(m, row.tool, row.kind, row.name).refusal, row.refusal) << row.name;
+    }
+    ProjectModel m = NewProject();
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Qonsole, "main", {240, 360}).refused());
+    EXPECT_EQ(Cell(m, "qonsolemain", "commandlist"), words::kNewQonsoleCommands);
+    EXPECT_EQ(Cell(m, "qonsolemain", "atool"), "Console");
+    EXPECT_EQ(Cell(m, "qonsolemain", "left"), "240");
+    EXPECT_EQ(Cell(m, "qonsolemain", "fontname"), "Verdana");
+}
+
+TEST(AddArray, TwelveInOneStepThirteenRefused) {
+    Random random(7);
+    const std::pair<const char *, int> rows[] = {{"12", 12}, {"13", 0}, {"0", 0}, {"many", 0}};
+    for (const auto &[count, added] : rows) {
+        ProjectModel m = NewProject();
+        const std::string before = FileText(m);
+        const Outcome outcome = AddArray(m, "Console", ElementKind::Label, count, random);
+        EXPECT_EQ(m.elementCount, added) << count;
+        EXPECT_EQ(outcome.refused(), std::string(count) == "13") << count;
+        if (added) {
+            EXPECT_EQ(outcome.notes, std::vector<Message>{words::kArrayWarning});
+            outcome.change.Undo(m);
+            EXPECT_EQ(FileText(m), before);
+        }
+    }
+}
+
+TEST(SetElementProperty, ValuesAreCheckedAndKeptAsTheFileKeepsThem) {
+    ProjectModel m = NewProject();
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Image, "logo").refused());
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Button, "gogo").refused());
+    struct Row {
+        const char *element, *key, *value;
+        bool refused;
+        const char *stored;
+    };
+    const Row rows[] = {
+        {"buttongogo", "width", " 2400 ", false, "2400"},
+        {"buttongogo", "width", "wide", true, nullptr},
+        {"buttongogo", "fontbold", "true", false, "True"},
+        {"buttongogo", "caption", "a:b", true, nullptr},
+        {"buttongogo", "action", "PRINT [a: b]", false, "PRINT [a; b]"},
+        {"buttongogo", "datafield", "x.gif", true, nullptr},
+        {"imagelogo", "datafield", "../settings.dat", true, nullptr},
+        {"imagelogo", "datafield", "logo.gif", false, "logo.gif"},
+        {"imagelogo", "atool", "Nowhere", true, nullptr},
+        {"buttongogo", "button", "7", true, nullptr},
+    };
+    for (const Row &row : rows) {
+        const Outcome outcome = SetElementProperty(m, {row.element}, row.key, row.value);
+        EXPECT_EQ(outcome.refused(), row.refused) << row.key << "=" << row.value;
+        if (row.stored) EXPECT_EQ(Cell(m, row.element, row.key), row.stored) << row.key;
+    }
+}
+
+TEST(NudgeElements, ManyInOneStepAndNoSizeBelowNothing) {
+    ProjectModel m = NewProject();
+    Random random(1);
+    ASSERT_FALSE(AddArray(m, "Console", ElementKind::Label, "12", random).refused());
+    std::vector<std::string> names;
+    for (int row = 1; row <= 12; ++row) names.push_back(m.Element(row)[kNameColumn]);
+    const std::string before = FileText(m);
+    const Outcome moved = NudgeElements(m, Nudge::Right, names);
+    for (const std::string &name : names) EXPECT_EQ(Cell(m, name, "left"), "120");
+    moved.change.Undo(m);
+    EXPECT_EQ(FileText(m), before);
+
+    ASSERT_FALSE(SetElementProperty(m, {names[0]}, "height", "100").refused());
+    EXPECT_TRUE(NudgeElements(m, Nudge::Shorter, {names[0]}).change.empty());
+    EXPECT_EQ(NudgeElements(m, Nudge::Up, {"labelnothing"}).refusal, words::kNoSuchElement);
+    EXPECT_TRUE(NudgeElements(m, Nudge::Up, {}).change.empty()) << "nothing selected";
+}
+
+TEST(DeleteElements, TheRowsBehindCloseUpAndComeBackOnUndo) {
+    ProjectModel m = NewProject();
+    for (const char *name : {"one", "two", "three", "four"})
+        ASSERT_FALSE(AddElement(m, "Console", ElementKind::Label, name).refused());
+    const std::string before = FileText(m);
+    const Outcome deleted = DeleteElements(m, {"labeltwo", "labelthree"});
+    ASSERT_FALSE(deleted.refused());
+    EXPECT_EQ(m.Element(2)[kNameColumn], "labelfour") << "no double gap hides the last row";
+    deleted.change.Undo(m);
+    EXPECT_EQ(FileText(m), before);
+}
+
+TEST(CopyProperties, PassesOverWhatTheKindLacksAndNeverMovesIt) {
+    ProjectModel m = NewProject();
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Label, "source", {600, 600}).refused());
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Button, "target").refused());
+    ASSERT_FALSE(SetElementProperty(m, {"labelsource"}, "backstyle", "1").refused());
+    ASSERT_FALSE(SetElementProperty(m, {"labelsource"}, "forecolor", "255").refused());
+    ASSERT_FALSE(PasteProperties(m, CopyProperties(m, "labelsource"), {"buttontarget"}).refused());
+    EXPECT_EQ(Cell(m, "buttontarget", "forecolor"), "255");
+    EXPECT_EQ(Cell(m, "buttontarget", "width"), "1800");
+    EXPECT_EQ(Cell(m, "buttontarget", "backstyle"), "<none>");
+    EXPECT_EQ(Cell(m, "buttontarget", "left"), "0");
+}
+
+TEST(AddQombo, EachTypeIsOneStepAtItsPlace) {
+    for (int type = 1; type <= kQomboTypes; ++type) {
+        ProjectModel m = NewProject();
+        const std::string before = FileText(m);
+        const Outcome outcome = AddQombo(m, "Console", type, {400, 520});
+        ASSERT_FALSE(outcome.refused()) << type;
+        EXPECT_GT(m.elementCount, 0) << type;
+        EXPECT_EQ(PropertyValue(m.Element(1), "left"), "400") << type;
+        outcome.change.Undo(m);
+        EXPECT_EQ(FileText(m), before) << type;
+    }
+    ProjectModel m = NewProject();
+    EXPECT_TRUE(AddQombo(m, "Console", 8, {}).refused());
+    ASSERT_FALSE(AddQombo(m, "Console", 1, {}).refused());
+    EXPECT_FALSE(AddQombo(m, "Console", 1, {}).refused()) << "a second one takes other names";
+}
+
+} // namespace
+} // namespace orrery
