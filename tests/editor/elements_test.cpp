@@ -5,6 +5,7 @@
 #include "editor/words.h"
 #include "fixture.h"
 #include "foundation/random.h"
+#include "project/loader.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -159,6 +160,52 @@ TEST(AddQombo, EachTypeIsOneStepAtItsPlace) {
     EXPECT_TRUE(AddQombo(m, "Console", 8, {}).refused());
     ASSERT_FALSE(AddQombo(m, "Console", 1, {}).refused());
     EXPECT_FALSE(AddQombo(m, "Console", 1, {}).refused()) << "a second one takes other names";
+}
+
+} // namespace
+} // namespace orrery
+
+namespace orrery {
+namespace {
+
+// A session's worth of steps on the demo game, undone one by one back to the file it began
+// with, and redone to the file it ended with.
+TEST(EditorSession, ASequenceOfStepsUndoesToTheFirstByteAndRedoesToTheLast) {
+    ProjectModel m;
+    const std::filesystem::path content =
+        std::filesystem::path(ORRERY_TEST_DATA).parent_path().parent_path() / "content" / "app";
+    ASSERT_TRUE(LoadProject(m, AppPaths(content), "Night Shift").found);
+    Random random(11);
+    const std::string first = FileText(m);
+    const std::vector<std::function<Outcome()>> steps{
+        [&] {
+            return AddElement(m, "Connector", ElementKind::Label, "tipline", {120, 3000});
+        },
+        [&] { return AddArray(m, "Mail", ElementKind::Button, "4", random); },
+        [&] {
+            return DeleteElements(m, {"listlog", "labeltipline"});
+        },
+        [&] {
+            return NudgeElements(m, Nudge::Down, {"textaddress", "buttonconnect"});
+        },
+        [&] { return SetElementProperty(m, {"textaddress"}, "width", "3000"); },
+        [&] {
+            return AddQombo(m, "Cracker", 4, {0, 0});
+        },
+        [&] { return PasteProperties(m, CopyProperties(m, "buttonconnect"), {"textpasscode"}); },
+        [&] { return AddElement(m, "Console", ElementKind::Text, "spare"); },
+    };
+    std::vector<Change> done;
+    for (const auto &step : steps) {
+        Outcome outcome = step();
+        ASSERT_FALSE(outcome.refused()) << done.size() << ": " << outcome.refusal->text;
+        done.push_back(std::move(outcome.change));
+    }
+    const std::string last = FileText(m);
+    for (auto change = done.rbegin(); change != done.rend(); ++change) change->Undo(m);
+    EXPECT_EQ(FileText(m), first);
+    for (const Change &change : done) change.Redo(m);
+    EXPECT_EQ(FileText(m), last);
 }
 
 } // namespace
