@@ -43,6 +43,12 @@ public:
     // Takes over the writes of a later change: one step made of two.
     void Append(Change &&later);
 
+    // Steps an author repeats on the same things (an arrow key held down, a drag) are one
+    // step: a change whose merge key is not empty takes over a following change with the same
+    // key. Empty for a step that stands alone.
+    const std::string &mergeKey() const { return m_mergeKey; }
+    void setMergeKey(std::string key) { m_mergeKey = std::move(key); }
+
     // Records a write whose effect has already been made.
     void Record(std::function<void(ProjectModel &)> redo, std::function<void(ProjectModel &)> undo);
 
@@ -52,6 +58,7 @@ private:
         std::function<void(ProjectModel &)> undo;
     };
     std::string m_name;
+    std::string m_mergeKey;
     std::vector<Write> m_writes;
 };
 
@@ -79,6 +86,7 @@ public:
     Transaction &operator=(const Transaction &) = delete;
 
     ProjectModel &model() { return m_model; }
+    void setMergeKey(std::string key) { m_change.setMergeKey(std::move(key)); }
 
     // Sets the place that `at` names to a value; `at` takes the model and returns a reference
     // to the place, and must name the same place each time it is called.

@@ -314,6 +314,10 @@ Outcome NudgeElements(ProjectModel &model, Nudge nudge, const std::vector<std::s
     std::vector<int> rows;
     if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
     const NudgeStep step = StepOf(nudge);
+    // Nudges of the same elements in the same direction are one step, however many.
+    std::string key = "nudge " + std::string(step.key) + (step.delta < 0 ? "-" : "+");
+    for (int row : rows) key += " " + IntText(row);
+    t.setMergeKey(std::move(key));
     for (int row : rows) {
         const std::int32_t value = Twips(model.Element(row), step.key) + step.delta;
         if (!step.size || value >= 0) SetCell(t, row, step.key, IntText(value));

@@ -48,6 +48,7 @@ enum class Nudge { Left, Right, Up, Down, Wider, Narrower, Taller, Shorter };
 // The nudge named by its word ("left", "wider"...); nullopt for another word.
 std::optional<Nudge> NudgeByWord(std::string_view word);
 // Moves or sizes each named element by 120 twips, in one step; a size never goes below 0.
+// Repeated nudges of the same elements in the same direction share a merge key.
 Outcome NudgeElements(ProjectModel &model, Nudge nudge, const std::vector<std::string> &elements);
 
 // Deletes the named elements; the rows behind close up, as a reload would close them. The

@@ -109,8 +109,13 @@ TEST(NudgeElements, ManyInOneStepAndNoSizeBelowNothing) {
     std::vector<std::string> names;
     for (int row = 1; row <= 12; ++row) names.push_back(m.Element(row)[kNameColumn]);
     const std::string before = FileText(m);
-    const Outcome moved = NudgeElements(m, Nudge::Right, names);
-    for (const std::string &name : names) EXPECT_EQ(Cell(m, name, "left"), "120");
+    Outcome moved = NudgeElements(m, Nudge::Right, names);
+    Outcome again = NudgeElements(m, Nudge::Right, names);
+    ASSERT_EQ(again.change.mergeKey(), moved.change.mergeKey()) << "held down, one step";
+    EXPECT_NE(NudgeElements(m, Nudge::Left, names).change.mergeKey(), moved.change.mergeKey());
+    NudgeElements(m, Nudge::Right, names);
+    for (const std::string &name : names) EXPECT_EQ(Cell(m, name, "left"), "240");
+    moved.change.Append(std::move(again.change));
     moved.change.Undo(m);
     EXPECT_EQ(FileText(m), before);
 
