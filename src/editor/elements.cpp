@@ -11,6 +11,7 @@
 #include "project/keytable.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace orrery {
@@ -321,6 +322,70 @@ Outcome NudgeElements(ProjectModel &model, Nudge nudge, const std::vector<std::s
     for (int row : rows) {
         const std::int32_t value = Twips(model.Element(row), step.key) + step.delta;
         if (!step.size || value >= 0) SetCell(t, row, step.key, IntText(value));
+    }
+    return t.Commit();
+}
+
+Outcome MoveElements(ProjectModel &model, const std::vector<std::string> &elements, std::int32_t dx,
+                     std::int32_t dy) {
+    Transaction t(model, "Move");
+    std::vector<int> rows;
+    if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
+    for (int row : rows) {
+        const ElementRow &element = model.Element(row);
+        const std::int32_t left = Twips(element, "left") + dx, top = Twips(element, "top") + dy;
+        if (dx) SetCell(t, row, "left", IntText(left));
+        if (dy) SetCell(t, row, "top", IntText(top));
+    }
+    return t.Commit();
+}
+
+std::optional<Align> AlignByWord(std::string_view word) {
+    static constexpr std::pair<std::string_view, Align> kWords[] = {
+        {"left", Align::Left},
+        {"top", Align::Top},
+        {"right", Align::Right},
+        {"bottom", Align::Bottom},
+        {"same-width", Align::SameWidth},
+        {"same-height", Align::SameHeight}};
+    for (const auto &[name, align] : kWords)
+        if (NormText(word) == name) return align;
+    return std::nullopt;
+}
+
+Outcome AlignElements(ProjectModel &model, Align align, const std::vector<std::string> &elements) {
+    Transaction t(model, "Align");
+    std::vector<int> rows;
+    if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
+    if (rows.empty()) return t.Commit();
+    const auto box = [&](int row) {
+        const ElementRow &e = model.Element(row);
+        return std::array<std::int32_t, 4>{Twips(e, "left"), Twips(e, "top"), Twips(e, "width"),
+                                           Twips(e, "height")};
+    };
+    const auto [left, top, width, height] = box(rows.front());
+    for (int row : rows) {
+        const std::int32_t w = box(row)[2], h = box(row)[3];
+        switch (align) {
+        case Align::Left:
+            SetCell(t, row, "left", IntText(left));
+            break;
+        case Align::Top:
+            SetCell(t, row, "top", IntText(top));
+            break;
+        case Align::Right:
+            SetCell(t, row, "left", IntText(left + width - w));
+            break;
+        case Align::Bottom:
+            SetCell(t, row, "top", IntText(top + height - h));
+            break;
+        case Align::SameWidth:
+            SetCell(t, row, "width", IntText(width));
+            break;
+        case Align::SameHeight:
+            SetCell(t, row, "height", IntText(height));
+            break;
+        }
     }
     return t.Commit();
 }

@@ -51,6 +51,16 @@ std::optional<Nudge> NudgeByWord(std::string_view word);
 // Repeated nudges of the same elements in the same direction share a merge key.
 Outcome NudgeElements(ProjectModel &model, Nudge nudge, const std::vector<std::string> &elements);
 
+// Moves the named elements by a distance in twips, in one step: a drag however far it goes.
+Outcome MoveElements(ProjectModel &model, const std::vector<std::string> &elements, std::int32_t dx,
+                     std::int32_t dy);
+
+enum class Align { Left, Top, Right, Bottom, SameWidth, SameHeight };
+// The align word ("left", "same-width"...); nullopt for another word.
+std::optional<Align> AlignByWord(std::string_view word);
+// Lines the named elements up with the first of them: an edge, or a size.
+Outcome AlignElements(ProjectModel &model, Align align, const std::vector<std::string> &elements);
+
 // Deletes the named elements; the rows behind close up, as a reload would close them. The
 // front end asks words::kDeleteElement or words::kDeleteSelected first.
 Outcome DeleteElements(ProjectModel &model, const std::vector<std::string> &elements);

@@ -108,6 +108,22 @@ const std::vector<Operation> &Operations() {
                                           "narrower, taller and shorter."});
              return NudgeElements(m, *nudge, Rest(w.subspan(1)));
          }},
+        {"move", "DX DY ELEMENT...", "move elements by a distance in twips, as a drag does", 3, -1,
+         [](ProjectModel &m, Words w) {
+             const auto dx = Signed(w[0]), dy = Signed(w[1]);
+             if (!dx || !dy) return Refused(kNotAPosition);
+             return MoveElements(m, Rest(w.subspan(2)), *dx, *dy);
+         }},
+        {"align", "EDGE ELEMENT...",
+         "line elements up with the first: left, top, right, bottom, same-width, same-height", 2,
+         -1,
+         [](ProjectModel &m, Words w) {
+             const auto align = AlignByWord(w[0]);
+             if (!align)
+                 return Refused({"Error", "The edge is one of left, top, right, bottom, "
+                                          "same-width and same-height."});
+             return AlignElements(m, *align, Rest(w.subspan(1)));
+         }},
         {"delete", "ELEMENT...", "elements", 1, -1,
          [](ProjectModel &m, Words w) { return DeleteElements(m, Rest(w)); }},
         {"copy-properties", "FROM TO...",

@@ -98,7 +98,9 @@ TEST(SetElementProperty, ValuesAreCheckedAndKeptAsTheFileKeepsThem) {
     for (const Row &row : rows) {
         const Outcome outcome = SetElementProperty(m, {row.element}, row.key, row.value);
         EXPECT_EQ(outcome.refused(), row.refused) << row.key << "=" << row.value;
-        if (row.stored) EXPECT_EQ(Cell(m, row.element, row.key), row.stored) << row.key;
+        if (row.stored) {
+            EXPECT_EQ(Cell(m, row.element, row.key), row.stored) << row.key;
+        }
     }
 }
 
@@ -123,6 +125,25 @@ TEST(NudgeElements, ManyInOneStepAndNoSizeBelowNothing) {
     EXPECT_TRUE(NudgeElements(m, Nudge::Shorter, {names[0]}).change.empty());
     EXPECT_EQ(NudgeElements(m, Nudge::Up, {"labelnothing"}).refusal, words::kNoSuchElement);
     EXPECT_TRUE(NudgeElements(m, Nudge::Up, {}).change.empty()) << "nothing selected";
+}
+
+TEST(AlignElements, LinesThemUpWithTheFirst) {
+    const std::tuple<Align, const char *, const char *> rows[] = {
+        {Align::Left, "left", "600"},        {Align::Top, "top", "360"},
+        {Align::Right, "left", "1200"},      {Align::Bottom, "top", "240"},
+        {Align::SameWidth, "width", "1800"}, {Align::SameHeight, "height", "255"}};
+    for (const auto &[align, key, value] : rows) {
+        ProjectModel m = NewProject();
+        ASSERT_FALSE(AddElement(m, "Console", ElementKind::Label, "first", {600, 360}).refused());
+        ASSERT_FALSE(AddElement(m, "Console", ElementKind::Button, "second").refused());
+        ASSERT_FALSE(AlignElements(m, align, {"labelfirst", "buttonsecond"}).refused());
+        EXPECT_EQ(Cell(m, "buttonsecond", key), value) << key;
+    }
+    ProjectModel m = NewProject();
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Label, "first", {600, 360}).refused());
+    ASSERT_FALSE(MoveElements(m, {"labelfirst"}, -700, 40).refused());
+    EXPECT_EQ(Cell(m, "labelfirst", "left"), "-100");
+    EXPECT_EQ(Cell(m, "labelfirst", "top"), "400");
 }
 
 TEST(DeleteElements, TheRowsBehindCloseUpAndComeBackOnUndo) {
