@@ -47,6 +47,8 @@ public:
     auto begin() const { return m_slots.begin(); }
     auto end() const { return m_slots.end(); }
 
+    bool operator==(const SlotTable &) const = default;
+
 private:
     std::array<Record, Size> m_slots{};
 };
@@ -89,6 +91,8 @@ struct MenuImage {
     std::int32_t left = 0;
     std::int32_t top = 0;
     std::string dataField;
+
+    bool operator==(const MenuImage &) const = default;
 };
 
 inline const std::string &SlotKey(const std::string &slot) { return slot; }
@@ -140,6 +144,9 @@ struct ProjectModel {
     const ElementRow &Element(int row) const {
         return ElementTable.at(static_cast<std::size_t>(row));
     }
+
+    // Every field alike: what an undo step compares a model with.
+    bool operator==(const ProjectModel &) const = default;
 };
 
 // The first free slot of a table from `from` on, or `whenFull` when there is none.

@@ -73,10 +73,9 @@ bool FirstFieldIsNumber(std::string_view property) {
     return IsNumeric(FieldView(property, 1));
 }
 
-// The clean-up of a property before writing, which repairs text left by older forms. It
-// changes the table itself; the "element:<column>:" prefix goes only to the file. Answers
-// whether the property may still hold "element:": only the repair can leave one, since an
-// "action:" put in front can't complete one and a third field holds no colon.
+// The clean-up of a property, which repairs text left by older forms. Answers whether the
+// property may still hold "element:": only the repair can leave one, since an "action:" put in
+// front can't complete one and a third field holds no colon.
 bool CleanProperty(std::string &property, int column) {
     const bool repaired = HasOldForm(property);
     if (repaired) {
@@ -98,23 +97,50 @@ const std::string &ElementPrefix(int column) {
     return prefixes[static_cast<std::size_t>(column)];
 }
 
-void WriteElements(std::string &out, ProjectModel &m) {
-    for (int row = 1; row <= kElementRows; ++row) {
-        ElementRow &element = m.Element(row);
-        if (IsBlank(element[kToolColumn])) continue;
+// Whether the clean-up would change the property: most are clean and are written as they
+// stand, without a copy.
+bool NeedsCleaning(const std::string &property, int column) {
+    return HasOldForm(property) ||
+           (column == kActionColumn && !NormTextContains(property, "action:")) ||
+           FirstFieldIsNumber(property);
+}
+
+// A property as the clean-up leaves it, with the "element:<column>:" prefix unless it holds one.
+void WriteProperty(std::string &out, const std::string &stored, int column) {
+    const std::string &prefix = ElementPrefix(column);
+    if (!NeedsCleaning(stored, column)) {
+        Line(out, prefix, stored);
+        return;
+    }
+    std::string property = stored;
+    const bool mayHoldPrefix = CleanProperty(property, column);
+    if (mayHoldPrefix && InStr(property, prefix))
+        Line(out, property);
+    else
+        Line(out, prefix, property);
+}
+
+// Elements without an owning tool are dropped.
+template <typename Each> void ForEachWrittenElement(const ProjectModel &m, Each each) {
+    for (int row = 1; row <= kElementRows; ++row)
+        if (!IsBlank(m.Element(row)[kToolColumn])) each(row);
+}
+
+void WriteElements(std::string &out, const ProjectModel &m) {
+    ForEachWrittenElement(m, [&](int row) {
+        const ElementRow &element = m.Element(row);
         Line(out, "[newel]:", FieldView(element[kKindColumn], 1), ":", element[kNameColumn]);
         for (int column = 1; column <= kPropertyColumns; ++column) {
-            std::string &property = element[static_cast<std::size_t>(column)];
-            if (IsBlank(property)) continue;
-            const bool mayHoldPrefix = CleanProperty(property, column);
-            const std::string &prefix = ElementPrefix(column);
-            if (mayHoldPrefix && InStr(property, prefix))
-                Line(out, property);
-            else
-                Line(out, prefix, property);
+            const std::string &property = element[static_cast<std::size_t>(column)];
+            if (!IsBlank(property)) WriteProperty(out, property, column);
         }
         out += kLineEnd;
-    }
+    });
+}
+
+// A tool event's key never holds "action:"; older forms left one.
+std::string ToolSubKey(const std::string &key) {
+    return InStr(key, "action:") ? ReplaceAll(key, "action:", "") : key;
 }
 
 template <typename Table>
@@ -129,7 +155,7 @@ void Heading(std::string &out, std::string_view heading) {
     out += kLineEnd;
 }
 
-void WriteSections(std::string &out, ProjectModel &m) {
+void WriteSections(std::string &out, const ProjectModel &m) {
     Heading(out, "[tools]");
     WriteElements(out, m);
     Heading(out, "[dynamics]");
@@ -149,16 +175,26 @@ void WriteSections(std::string &out, ProjectModel &m) {
     Heading(out, "[custom servers]");
     WriteRecords(out, m.CustomServerTable, "customserver:");
     Heading(out, "[toolsubs]");
-    for (ToolSub &sub : m.ToolSubTable) {
-        if (IsBlank(sub.key)) continue;
-        if (InStr(sub.key, "action:")) sub.key = ReplaceAll(sub.key, "action:", "");
-        Line(out, "toolsub:", Trim(sub.key), ":", Trim(sub.sequence));
-    }
+    for (const ToolSub &sub : m.ToolSubTable)
+        if (!IsBlank(sub.key))
+            Line(out, "toolsub:", Trim(ToolSubKey(sub.key)), ":", Trim(sub.sequence));
 }
 
 } // namespace
 
-std::string BuildProjectText(ProjectModel &m) {
+void NormaliseForSave(ProjectModel &m) {
+    ForEachWrittenElement(m, [&](int row) {
+        ElementRow &element = m.Element(row);
+        for (int column = 1; column <= kPropertyColumns; ++column) {
+            std::string &property = element[static_cast<std::size_t>(column)];
+            if (!IsBlank(property)) CleanProperty(property, column);
+        }
+    });
+    for (ToolSub &sub : m.ToolSubTable)
+        if (!IsBlank(sub.key)) sub.key = ToolSubKey(sub.key);
+}
+
+std::string BuildProjectText(const ProjectModel &m) {
     std::string out;
     out.reserve(64 * 1024);
     WriteKeys(out, m.settings, KeyGroup::Head);
@@ -209,8 +245,11 @@ SaveResult SaveProject(ProjectModel &model, const AppPaths &paths, std::string_v
         return result;
     }
     result.file = *file;
+    // The text is built from the model as it stands and the model tidied after: the clean-up
+    // of a legacy property can change it again a second time, and the file must hold one pass.
     std::string text = BuildProjectText(model);
     text += kLineEnd;
+    NormaliseForSave(model);
     if (!ReplaceFileAtomically(*file, text)) {
         result.error = file->string() + ": cannot write the project file; the old one is kept";
         return result;

@@ -78,6 +78,26 @@ TEST(ProjectRoundTrip, ReviseInMidFileUnscramblesOnlyTheLinesAfterIt) {
     EXPECT_EQ(model.settings.myprojectwebsite, "hidden.example");
 }
 
+// An undo stack keeps copies of the model: building the text must leave it as it was, and a
+// second save must find nothing left to tidy.
+TEST(ProjectSave, BuildingReadsTheModelAndASecondSaveWritesTheSameBytes) {
+    test::TempDir dir;
+    const AppPaths paths = InstallProject(dir, ReadOrFail(kRich / "settings.dat"));
+    ProjectModel model;
+    LoadProject(model, paths, "Rich Game");
+    const ProjectModel before = model;
+    const std::string text = BuildProjectText(model);
+    EXPECT_TRUE(model == before);
+
+    ASSERT_EQ(SaveProject(model, paths, "", 1).status, SaveStatus::Saved);
+    const std::string first = ReadOrFail(*paths.ProjectFile("Rich Game"));
+    EXPECT_EQ(first, text + "\r\n");
+    const ProjectModel saved = model;
+    ASSERT_EQ(SaveProject(model, paths, "", 1).status, SaveStatus::Saved);
+    EXPECT_EQ(ReadOrFail(*paths.ProjectFile("Rich Game")), first);
+    EXPECT_TRUE(model == saved);
+}
+
 TEST(ProjectSave, GoOtherThanOneDoesNothing) {
     test::TempDir dir;
     AppPaths paths(dir.path());

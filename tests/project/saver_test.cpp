@@ -15,7 +15,7 @@ std::string ToolsSection(const std::string &text) {
     return text.substr(start, text.find("\r\n\r\n[dynamics]") - start);
 }
 
-TEST(ProjectSave, CleanUpRepairsPropertiesInTheTableToo) {
+TEST(ProjectSave, TheTextIsWhatTheCleanUpLeavesInTheTable) {
     struct Case {
         int column;
         const char *stored;
@@ -41,6 +41,7 @@ TEST(ProjectSave, CleanUpRepairsPropertiesInTheTableToo) {
         EXPECT_NE(tools.find(std::string(c.written) + "\r\n"), std::string::npos)
             << c.stored << "\n"
             << tools;
+        NormaliseForSave(m);
         EXPECT_EQ(m.Element(1)[static_cast<std::size_t>(c.column)], c.storedAfter) << c.stored;
     }
 }
@@ -67,6 +68,7 @@ TEST(ProjectSave, BlankSlotsAndOwnerlessElementsWriteNothing) {
     EXPECT_EQ(text.find("lost"), std::string::npos);
     EXPECT_NE(text.find("mytoolcaption:1:Third\r\nmytoolcaption:2:Seventh\r\n"), std::string::npos);
     EXPECT_NE(text.find("toolsub:t:open::RUN=x\r\n"), std::string::npos);
+    NormaliseForSave(m);
     EXPECT_EQ(m.ToolSubTable[4].key, "t:open:");
     EXPECT_EQ(text.find("mtdefstyleqonsole"), std::string::npos);
 }
@@ -109,7 +111,7 @@ TEST(ProjectSave, EveryNumberFormInFrontMarksALegacyProperty) {
         ProjectModel m;
         m.Element(1)[1] = "atool:t";
         m.Element(1)[3] = stored;
-        BuildProjectText(m);
+        NormaliseForSave(m);
         EXPECT_EQ(m.Element(1)[3], storedAfter) << stored;
     }
 }
