@@ -25,12 +25,7 @@ std::string Arg(const Statement &st, int index) { return BracketArg(st.rest, ind
 int ElementRowOf(Game &game, std::string element) {
     element = NormText(element);
     if (InStr(element, "($") && HasParens(element)) element = SubstituteVariables(game, element);
-    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[kNameColumn]); };
-    for (int row = 1; row <= kElementRows; ++row) {
-        if (blank(row) && blank(row + 1) && blank(row + 2)) return 0;
-        if (NormText(game.project.Element(row)[kNameColumn]) == element) return row;
-    }
-    return 0;
+    return FindElementRow(game.project, element, RowWalk::UpToGap);
 }
 
 // The control of a row as the name's first kind word, in the handler's order, chooses it:
@@ -185,11 +180,8 @@ std::string ConsolePrint(Game &game, Statement &st) {
     const std::string colour = ExpandSpecials(game, Arg(st, 3));
     const std::string text = ExpandSpecials(game, Arg(st, 2));
     const std::string name = NormText(Arg(st, 1));
-    for (int row = 1; row <= kElementRows; ++row)
-        if (!name.empty() && NormText(game.project.Element(row)[kNameColumn]) == name) {
-            PrintConsole(game, row, "~" + Trim(colour) + "     " + text);
-            break;
-        }
+    if (const int row = FindElementRow(game.project, name))
+        PrintConsole(game, row, "~" + Trim(colour) + "     " + text);
     return {};
 }
 
@@ -278,12 +270,11 @@ std::string ExitGame(Game &game, Statement &) {
 }
 
 std::string Authorize(Game &game, Statement &st) {
-    const auto strip = [](std::string text) { return Trim(ReplaceAll(ReplaceAll(text, "[", ""), "]", "")); };
     const std::int32_t current = ToInt32(ExpandSpecials(game, Arg(st, 1))).value_or(0);
-    const std::string variable = strip(Arg(st, 1));
-    const std::string costText = ReplaceAll(ExpandSpecials(game, strip(Arg(st, 2))), "$", "");
+    const std::string variable = StripBrackets(Arg(st, 1));
+    const std::string costText = ReplaceAll(ExpandSpecials(game, StripBrackets(Arg(st, 2))), "$", "");
     const std::int16_t cost = ToInt16(costText).value_or(0);
-    const std::string qlob = ExpandSpecials(game, strip(Arg(st, 3)));
+    const std::string qlob = ExpandSpecials(game, StripBrackets(Arg(st, 3)));
     if (current < cost) {
         RunStatement(game, "QLOB [" + qlob + "]");
         return std::string(kCancel);
@@ -308,9 +299,8 @@ std::string ResetTool(Game &game, Statement &st) {
     // A short exception would protect everything; it becomes a text no name holds.
     if (first.size() < 4) first = "skdjfslduiofsmdfhsuiohiofudh";
     if (second.size() < 4) second = "skdjfdslduiofsmdfhsuiohiofudh";
-    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[kNameColumn]); };
     for (int row = 1; row <= kElementRows; ++row) {
-        if (blank(row) && blank(row + 1) && blank(row + 2)) break;
+        if (IsElementGap(game.project, row)) break;
         const ElementRow &element = game.project.Element(row);
         const std::string name = NormText(element[kNameColumn]);
         if (!InStr(NormText(element[kToolColumn]), ":" + tool) || InStr(name, first) || InStr(name, second))

@@ -111,7 +111,7 @@ void WalkFields(Game &game, const std::vector<std::string_view> &fields) {
             const std::size_t blank = line.find(' ');
             walk.skipTag = blank == std::string::npos
                                ? std::string()
-                               : NormText(ReplaceAll(ReplaceAll(line.substr(blank), "[", ""), "]", ""));
+                               : NormText(StripBrackets(line.substr(blank)));
             walk.skipping = true;
             i = 0;
             continue;

@@ -47,14 +47,9 @@ bool HasOperator(std::string_view text) {
                        [text](char sign) { return text.find(sign) != std::string_view::npos; });
 }
 
-// The first element row of that name, up to the rows' bound; 0 when none.
+// The first element row of that name, up to the rows' gap; 0 when none.
 int TargetRow(const Game &game, const std::string &target) {
-    const auto blank = [&](int row) { return row > kElementRows || IsBlank(game.project.Element(row)[kNameColumn]); };
-    for (int row = 1; row <= kElementRows; ++row) {
-        if (blank(row) && blank(row + 1) && blank(row + 2)) return 0;
-        if (NormText(game.project.Element(row)[kNameColumn]) == target) return row;
-    }
-    return 0;
+    return FindElementRow(game.project, target, RowWalk::UpToGap);
 }
 
 void DeliverToControl(ElementControl &control, const std::string &target, std::string value,
@@ -83,16 +78,6 @@ void DeliverToControl(ElementControl &control, const std::string &target, std::s
 std::string Delivered(Game &game, const std::string &value, const std::string &target) {
     DeliverResult(game, value, target);
     return {};
-}
-
-std::string Upper(std::string text) {
-    for (char &c : text) {
-        const auto u = static_cast<unsigned char>(c);
-        if ((u >= 'a' && u <= 'z') || (u >= 0xE0 && u <= 0xFE && u != 0xF7)) c = static_cast<char>(u - 0x20);
-        else if (u == 0x9A || u == 0x9C || u == 0x9E) c = static_cast<char>(u - 0x10);
-        else if (u == 0xFF) c = static_cast<char>(0x9F);
-    }
-    return text;
 }
 
 std::string TwoDigits(int value) {
@@ -128,7 +113,7 @@ void DeliverResult(Game &game, const std::string &value, const std::string &targ
 }
 
 std::string ReturnComplex(Game &game, Statement &st) {
-    std::string value = Trim(ReplaceAll(ReplaceAll(st.rest, "[", ""), "]", ""));
+    std::string value = StripBrackets(st.rest);
     std::string target = NormText(StripBrackets(st.target));
     value = ExpandSpecials(game, value);
     target = ResolveIndexedName(game, target);
@@ -145,7 +130,7 @@ std::string ReturnComplex(Game &game, Statement &st) {
 }
 
 std::string Return(Game &game, Statement &st) {
-    std::string value = Trim(ReplaceAll(ReplaceAll(st.rest, "[", ""), "]", ""));
+    std::string value = StripBrackets(st.rest);
     std::string target = NormText(StripBrackets(st.target));
     if (std::string variable = GetVariable(game, value); !variable.empty()) {
         value = variable;
@@ -278,7 +263,7 @@ std::string ReturnLength(Game &game, Statement &st) {
 
 std::string ReturnUcase(Game &game, Statement &st) {
     Head head = TakeHead(game, st, 1);
-    return Delivered(game, Upper(head.args[1]), head.target);
+    return Delivered(game, UpperCase(head.args[1]), head.target);
 }
 
 std::string ReturnLcase(Game &game, Statement &st) {
@@ -320,7 +305,7 @@ std::string ReturnServerProperty(Game &game, Statement &st) {
 }
 
 std::string ReturnReverse(Game &game, Statement &st) {
-    std::string value = NormText(ReplaceAll(ReplaceAll(st.rest, "[", ""), "]", ""));
+    std::string value = NormText(StripBrackets(st.rest));
     const std::string target = NormText(st.target);
     if (std::string variable = GetVariable(game, value); !variable.empty()) {
         value = variable;

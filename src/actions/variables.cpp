@@ -115,7 +115,7 @@ std::string LookupValue(Game &game, std::string &text) {
     if (IsBlank(text)) return {};
     text = ReplaceAll(ReplaceAll(text, "$playername", Trim(game.PlayerName)), "_", "");
     if (const int row = FindVariable(game, text)) return game.VariableTable[row].value;
-    const int row = FindElementRow(game, text);
+    const int row = FindElementRow(game.project, NormText(text));
     if (!row) return text;
     const ElementControl *control = game.desk.Control(row);
     if (!control) return {};
@@ -146,20 +146,13 @@ int FindVariable(const Game &game, std::string_view name) {
 
 void CreateVariable(Game &game, std::string_view name, std::string_view value) {
     const auto clean = [](std::string_view text) {
-        return NormText(ReplaceAll(ReplaceAll(text, "[", ""), "]", ""));
+        return NormText(StripBrackets(text));
     };
     const std::string newName = ExpandSpecials(game, clean(name));
     const std::string newValue = ExpandSpecials(game, clean(value));
     int row = FirstFreeSlot(game.VariableTable, kVariableRows);
     if (const int existing = FindVariable(game, newName)) row = existing;
     game.VariableTable.Set(row, {newName, newValue});
-}
-
-int FindElementRow(const Game &game, std::string_view name) {
-    const std::string wanted = NormText(name);
-    for (int row = 1; row <= kElementRows; ++row)
-        if (!wanted.empty() && NormText(game.project.Element(row)[kNameColumn]) == wanted) return row;
-    return 0;
 }
 
 std::string RandomUpTo(Game &game, int n) {

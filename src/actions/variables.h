@@ -33,8 +33,6 @@ std::string GetVariable(Game &game, std::string_view name);
 void CreateVariable(Game &game, std::string_view name, std::string_view value);
 // The row of a variable, 0 when none.
 int FindVariable(const Game &game, std::string_view name);
-// The row of an element by name form, 0 when none.
-int FindElementRow(const Game &game, std::string_view name);
 
 // A whole number from 1 to n, as text.
 std::string RandomUpTo(Game &game, int n);

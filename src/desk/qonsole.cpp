@@ -57,7 +57,6 @@ void ResetLine(Qonsole &console) {
     console.line = console.prompt + " ";
 }
 
-
 // A record's name: its text before the first blank, the whole record when it has none.
 std::string_view FirstWord(std::string_view record) {
     return record.substr(0, record.find(' '));

@@ -21,6 +21,21 @@ int FreeServiceSlot(const ProjectModel &m) { return FirstFreeSlot(m.ServiceTable
 int FirstFreeVariable(const ProjectModel &m) { return FirstFreeSlot(m.VariableTable, 2000); }
 int FreeToolNameSlot(const ProjectModel &m) { return FirstFreeSlot(m.ToolNameTable, 99); }
 
+bool IsElementGap(const ProjectModel &model, int row) {
+    for (int r = row; r <= row + 2; ++r)
+        if (r <= kElementRows && !IsBlank(model.Element(r)[kNameColumn])) return false;
+    return true;
+}
+
+int FindElementRow(const ProjectModel &model, std::string_view nameForm, RowWalk walk) {
+    if (walk == RowWalk::WholeTable && nameForm.empty()) return 0;
+    for (int row = 1; row <= kElementRows; ++row) {
+        if (walk == RowWalk::UpToGap && IsElementGap(model, row)) return 0;
+        if (NormText(model.Element(row)[kNameColumn]) == nameForm) return row;
+    }
+    return 0;
+}
+
 int FindQlob(const ProjectModel &model, std::string_view name) {
     const std::string wanted = NormText(name);
     if (wanted.empty()) return 0;

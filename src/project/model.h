@@ -168,6 +168,18 @@ int FreeServiceSlot(const ProjectModel &model);
 int FirstFreeVariable(const ProjectModel &model);
 int FreeToolNameSlot(const ProjectModel &model);
 
+// How far a search for an element's name walks the rows.
+enum class RowWalk {
+    WholeTable, // every row
+    UpToGap,    // up to the first gap of three nameless rows, as the engine's statements walk
+};
+// True at a row that, with the two after it, has no name: the engine's walks stop there.
+bool IsElementGap(const ProjectModel &model, int row);
+// The first row whose name form equals nameForm, which is compared as it stands; 0 when none.
+// In the whole table a blank name finds nothing; up to the gap it finds a nameless row.
+int FindElementRow(const ProjectModel &model, std::string_view nameForm,
+                   RowWalk walk = RowWalk::WholeTable);
+
 // The first qlob whose name form begins with the name's, as a plain prefix; 0 when none or
 // for a blank name.
 int FindQlob(const ProjectModel &model, std::string_view name);

@@ -43,7 +43,7 @@ struct Script {
     Game &game() { return session.game(); }
 
     ElementControl *Element(const std::string &name, int &row) {
-        row = FindElementRow(game(), name);
+        row = FindElementRow(game().project, NormText(name));
         ElementControl *control = row ? game().desk.Control(row) : nullptr;
         if (!control) error = "element \"" + name + "\" is not on the desktop";
         return control;

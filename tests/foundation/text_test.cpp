@@ -32,6 +32,9 @@ TEST(Text, FieldsCountEmptyFieldsAndYieldEmptyOutOfRange) {
 TEST(Text, CaseFoldingAndTrimming) {
     EXPECT_EQ(LowerCase("AbZ\xC0\xDE\xD7\xDF\x8A\x8C\x8E\x9F"),
               "abz\xE0\xFE\xD7\xDF\x9A\x9C\x9E\xFF");
+    // The inverse: the multiplication and division signs and sharp s have no other case.
+    EXPECT_EQ(UpperCase("aBz\xE0\xFE\xF7\xD7\xDF\x9A\x9C\x9E\xFF"),
+              "ABZ\xC0\xDE\xF7\xD7\xDF\x8A\x8C\x8E\x9F");
     EXPECT_EQ(Trim("\t a \t "), "\t a \t");
     EXPECT_EQ(NormText("  My Tool "), "my tool");
     EXPECT_EQ(NormNoSpaces(" A b  C "), "abc");

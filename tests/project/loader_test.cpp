@@ -167,6 +167,27 @@ TEST(ProjectLoad, AModelOnlyGrows) {
     EXPECT_EQ(m.QlobTable[2], "two");
 }
 
+// The engine's statements stop at three nameless rows in a row; a lookup by value walks on.
+TEST(ProjectLoad, FindElementRowWalksTheWholeTableOrUpToTheGap) {
+    ProjectModel m;
+    m.Element(1)[kNameColumn] = "labela";
+    m.Element(3)[kNameColumn] = "Labelb"; // a row's name is compared in its name form
+    m.Element(7)[kNameColumn] = "labelc"; // behind the gap of rows 4 to 6
+    const struct {
+        const char *name;
+        RowWalk walk;
+        int row;
+    } cases[] = {
+        {"labelb", RowWalk::WholeTable, 3}, {"labelb", RowWalk::UpToGap, 3},
+        {"labelc", RowWalk::WholeTable, 7}, {"labelc", RowWalk::UpToGap, 0},
+        {"LabelB", RowWalk::WholeTable, 0}, {"", RowWalk::WholeTable, 0},
+        {"", RowWalk::UpToGap, 2},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(FindElementRow(m, c.name, c.walk), c.row)
+            << c.name << (c.walk == RowWalk::UpToGap ? " up to the gap" : "");
+}
+
 TEST(ProjectLoad, FindQlobMatchesAPrefixOfTheNameForm) {
     const ProjectModel m = Load("qlob:Scanner:RUN=a\r\nqlob:scan:RUN=b\r\n");
     EXPECT_EQ(FindQlob(m, ""), 0);
