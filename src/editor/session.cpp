@@ -1,0 +1,133 @@
+// The editor's session on one project: opening, creating, steps with undo and redo, and saves.
+#include "editor/session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "editor/sequences.h"
+#include "foundation/codepage.h"
+#include "foundation/text.h"
+#include "project/loader.h"
+
+namespace orrery {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::string_view kLineBreakInField = "/crlf/";
+
+} // namespace
+
+Outcome SetProjectInfo(ProjectModel &model, const NewProjectInfo &info) {
+    if (IsBlank(info.author)) return {Change(), Message{"Error", std::string(kMissingNameOrAuthor)}, {}};
+    // The description's setting reads "//" as a line break, as the file does.
+    const std::pair<std::string_view, std::string> fields[] = {
+        {"myprojectauthor", Trim(info.author)},
+        {"myprojectwebsite", Trim(info.website)},
+        {"myprojectemail", Trim(info.email)},
+        {"myprojectdescription", ReplaceAll(Trim(info.description), kLineBreakInField, "//")},
+    };
+    Change step("Change Project Settings");
+    for (const auto &[key, value] : fields) {
+        Outcome one = SetSetting(model, key, value);
+        if (one.refused()) {
+            step.Undo(model);
+            return {Change(), one.refusal, {}};
+        }
+        step.Append(std::move(one.change));
+    }
+    return {std::move(step), std::nullopt, {}};
+}
+
+NewProjectInfo ProjectInfo(const ProjectModel &model) {
+    const ProjectSettings &s = model.settings;
+    return {s.myprojectname, s.myprojectauthor, s.myprojectwebsite, s.myprojectemail,
+            ReplaceAll(s.myprojectdescription, "\r\n", kLineBreakInField)};
+}
+
+EditorSession::EditorSession(AppPaths paths, AppPaths stock, HostScreen screen)
+    : m_paths(std::move(paths)), m_stock(std::move(stock)), m_screen(screen) {}
+
+std::string EditorSession::Title() const {
+    return "Orrery Kit [" + (IsOpen() ? NormText(m_model->settings.myprojectname) : std::string()) + "]";
+}
+
+std::vector<std::string> EditorSession::ProjectList() const {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (const fs::directory_entry &entry : fs::directory_iterator(m_paths.DataPath(), error)) {
+        if (!entry.is_directory(error)) continue;
+        // Folder names are UTF-8 on disk; a project's name is text of the system.
+        std::string name = Utf8ToCp1252(entry.path().filename().string());
+        if (!IsBlank(name)) names.push_back(std::move(name));
+    }
+    std::sort(names.begin(), names.end(),
+              [](const std::string &a, const std::string &b) { return NormText(a) < NormText(b); });
+    return names;
+}
+
+std::optional<Message> EditorSession::Open(std::string_view name) {
+    if (IsBlank(name) || !m_paths.ProjectExists(name)) return kInvalidProject;
+    auto model = std::make_unique<ProjectModel>();
+    const LoadReport report = LoadProject(*model, m_paths, name, m_screen);
+    if (!report.found) return kInvalidProject;
+    m_model = std::move(model);
+    m_status.clear();
+    return std::nullopt;
+}
+
+std::optional<Message> EditorSession::Create(const NewProjectInfo &info) {
+    auto model = std::make_unique<ProjectModel>();
+    const CreateResult created = CreateProject(*model, m_paths, info, m_screen, &m_stock);
+    if (!created.created) return Message{"Error", created.message};
+    m_model = std::move(model);
+    m_status.clear();
+    for (const std::string &file : created.missingStock)
+        m_status += file + " is missing from " + m_stock.Root().string() + ". ";
+    return std::nullopt;
+}
+
+FileToOpen EditorSession::SettingsFile(std::string_view name) const {
+    if (!IsBlank(name) && m_paths.ProjectExists(name)) return {*m_paths.ProjectFile(name), std::nullopt};
+    return {{}, kSettingsNotFound};
+}
+
+bool EditorSession::Apply(const Outcome &outcome) {
+    if (!IsOpen() || outcome.refused() || outcome.change.empty()) return false;
+    Save("");
+    return true;
+}
+
+void EditorSession::Undo(const Change &change) {
+    if (!IsOpen()) return;
+    change.Undo(*m_model);
+    Save("");
+}
+
+void EditorSession::Redo(const Change &change) {
+    if (!IsOpen()) return;
+    change.Redo(*m_model);
+    Save("");
+}
+
+void EditorSession::Autosave() {
+    if (IsOpen() && !m_model->scrambled) Save("");
+}
+
+void EditorSession::Exit() {
+    Save("backup");
+    Save("");
+}
+
+void EditorSession::Close() {
+    Save("");
+}
+
+void EditorSession::Save(std::string_view mode) {
+    if (!IsOpen()) return;
+    m_lastSave = SaveProject(*m_model, m_paths, mode, 1);
+    m_status = m_lastSave.error;
+}
+
+} // namespace orrery
