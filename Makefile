@@ -4,7 +4,7 @@ FUZZ_BUILD   ?= build-fuzz
 FUZZ_SECONDS ?= 60
 JOBS         ?= $(shell nproc)
 
-.PHONY: all deps build test run bench fuzz format clean
+.PHONY: all deps build test run play bench fuzz format clean
 
 all: build
 
@@ -18,8 +18,12 @@ build: deps
 test: build
 	@ctest --test-dir $(BUILD) --output-on-failure -j $(JOBS)
 
-# The run-time on the bundled demo game.
+# The editor on the bundled demo game, which Data/pname.dat names.
 run: build
+	@$(BUILD)/app/orrery-kit $(BUILD)/app "$$(tr -d '\r\n' < $(BUILD)/app/Data/pname.dat)"
+
+# The run-time on the bundled demo game.
+play: build
 	@$(BUILD)/app/Data/runner
 
 bench: build

@@ -1,0 +1,24 @@
+// Undo and redo of a kept step.
+#include "editor/qt/changecommand.h"
+
+#include "editor/session.h"
+#include "widgets/look.h"
+
+namespace orrery {
+
+ChangeCommand::ChangeCommand(EditorSession &session, Change change)
+    : QUndoCommand(ToQString(change.name())), m_session(session), m_change(std::move(change)) {}
+
+void ChangeCommand::undo() {
+    m_session.Undo(m_change);
+}
+
+void ChangeCommand::redo() {
+    if (m_made) {
+        m_made = false;
+        return;
+    }
+    m_session.Redo(m_change);
+}
+
+} // namespace orrery

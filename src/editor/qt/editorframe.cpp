@@ -1,0 +1,218 @@
+// The editor's frame and the way its forms come and go.
+#include "editor/qt/editorframe.h"
+
+#include "editor/qt/changecommand.h"
+#include "editor/qt/helpviewer.h"
+#include "editor/qt/hub.h"
+#include "editor/qt/shellparts.h"
+#include "editor/qt/wizard.h"
+#include "editor/session.h"
+#include "widgets/look.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTimer>
+#include <QUndoStack>
+
+namespace orrery {
+
+namespace {
+
+constexpr int kSaveInterval = 45000; // ms
+
+// An entry whose window comes with a later version: there, but disabled, and saying so.
+void Later(QAction *action) {
+    action->setEnabled(false);
+    action->setToolTip(QObject::tr("This comes in a later version."));
+}
+
+QMenu *Menu(QMenuBar *bar, const QString &caption, const char *name) {
+    QMenu *menu = bar->addMenu(caption);
+    menu->setObjectName(name);
+    return menu;
+}
+
+QAction *Entry(QMenu *menu, const QString &caption, const char *name) {
+    QAction *action = menu->addAction(caption);
+    action->setObjectName(name);
+    return action;
+}
+
+template <typename Form> Form *FormOf(const QPointer<QMdiSubWindow> &window) {
+    return window ? qobject_cast<Form *>(window->widget()) : nullptr;
+}
+
+} // namespace
+
+EditorFrame::EditorFrame(EditorSession &session, QWidget *parent)
+    : QMainWindow(parent), m_session(session), m_area(new QMdiArea), m_undo(new QUndoStack(this)),
+      m_save(new QTimer(this)) {
+    setObjectName("frmMain");
+    m_area->setObjectName("Picture1");
+    setCentralWidget(m_area);
+    statusBar()->setObjectName("stat");
+    MakeMenus();
+    // The whole project is written every 45 seconds whether it changed or not.
+    m_save->setObjectName("tmrSave");
+    m_save->setInterval(kSaveInterval);
+    connect(m_save, &QTimer::timeout, this, [this] {
+        m_session.Autosave();
+        Refresh();
+    });
+    m_save->start();
+    connect(m_undo, &QUndoStack::indexChanged, this, [this] {
+        Refresh();
+        emit projectChanged();
+    });
+    Refresh();
+    resize(1024, 720);
+}
+
+// The undo stack empties itself as it goes, and the frame it would tell is half gone by then.
+EditorFrame::~EditorFrame() {
+    m_undo->disconnect(this);
+}
+
+void EditorFrame::MakeMenus() {
+    QMenu *file = Menu(menuBar(), tr("&File"), "mnufile");
+    file->setToolTipsVisible(true);
+    connect(Entry(file, tr("&Show Menu"), "mnushowmenu"), &QAction::triggered, this,
+            &EditorFrame::ShowMenu);
+    Later(Entry(file, tr("Run Simulation..."), "mnurunsim"));
+    Later(Entry(file, tr("&Create Distribution Files..."), "mnucreatedistro"));
+    file->addSeparator();
+    connect(Entry(file, tr("&Exit Orrery Kit"), "mnuexit"), &QAction::triggered, this,
+            &EditorFrame::ExitEditor);
+
+    QMenu *edit = Menu(menuBar(), tr("&Edit"), "mnuedit");
+    QAction *undo = m_undo->createUndoAction(this, tr("Undo"));
+    undo->setObjectName("mnuundo");
+    undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    QAction *redo = m_undo->createRedoAction(this, tr("Redo"));
+    redo->setObjectName("mnuredo");
+    redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+    edit->addAction(undo);
+    edit->addAction(redo);
+
+    QMenu *help = Menu(menuBar(), tr("&Help"), "mnuhelp");
+    connect(Entry(help, tr("&Contents"), "mnucontents"), &QAction::triggered, this,
+            &EditorFrame::ShowHelp);
+}
+
+void EditorFrame::Start(const std::string &name) {
+    if (!name.empty()) {
+        if (const auto refusal = m_session.Open(name)) {
+            statusBar()->showMessage(ToQString(refusal->text));
+        } else {
+            return ProjectOpened();
+        }
+    }
+    ShowWizard();
+}
+
+bool EditorFrame::Apply(Outcome outcome) {
+    if (outcome.refused()) {
+        ShowMessage(this, *outcome.refusal);
+        return false;
+    }
+    if (m_session.Apply(outcome)) m_undo->push(new ChangeCommand(m_session, std::move(outcome.change)));
+    Refresh();
+    for (const Message &note : outcome.notes) ShowMessage(this, note);
+    return true;
+}
+
+void EditorFrame::ShowMenu() {
+    m_session.IsOpen() ? ShowHub() : ShowWizard();
+}
+
+void EditorFrame::ShowWizard() {
+    if (m_wizard) return m_area->setActiveSubWindow(m_wizard);
+    auto *wizard = new ProjectWizard(m_session, ProjectWizard::Mode::Start);
+    connect(wizard, &ProjectWizard::projectOpened, this, &EditorFrame::ProjectOpened);
+    m_wizard = Present(wizard);
+}
+
+void EditorFrame::ShowHub() {
+    if (m_hub) return m_area->setActiveSubWindow(m_hub);
+    auto *hub = new EditorHub;
+    connect(hub, &EditorHub::settingsRequested, this, &EditorFrame::ShowSettings);
+    connect(hub, &EditorHub::exitRequested, this, &EditorFrame::ExitEditor);
+    m_hub = Present(hub);
+}
+
+void EditorFrame::ShowHelp() {
+    if (m_help) return m_area->setActiveSubWindow(m_help);
+    m_help = Present(new HelpViewer);
+}
+
+void EditorFrame::ShowSettings() {
+    if (!m_session.IsOpen()) return;
+    if (m_settings) return m_area->setActiveSubWindow(m_settings);
+    auto *page = new ProjectWizard(m_session, ProjectWizard::Mode::Settings);
+    connect(page, &ProjectWizard::settingsSubmitted, this, [this](const NewProjectInfo &info) {
+        // Written back, the page has done its work; a refusal leaves it open to be put right.
+        if (Apply(SetProjectInfo(m_session.model(), info)) && m_settings) m_settings->close();
+    });
+    // An undo while the page is open shows on it.
+    connect(this, &EditorFrame::projectChanged, page, &ProjectWizard::ShowNew);
+    m_settings = Present(page);
+}
+
+void EditorFrame::ExitEditor() {
+    m_session.Exit();
+    m_exited = true;
+    close();
+}
+
+void EditorFrame::closeEvent(QCloseEvent *event) {
+    // Leaving without Exit still writes the project, but puts no backup aside.
+    if (!m_exited) m_session.Close();
+    m_save->stop();
+    event->accept();
+}
+
+ProjectWizard *EditorFrame::wizard() const {
+    return FormOf<ProjectWizard>(m_wizard);
+}
+
+EditorHub *EditorFrame::hub() const {
+    return FormOf<EditorHub>(m_hub);
+}
+
+HelpViewer *EditorFrame::help() const {
+    return FormOf<HelpViewer>(m_help);
+}
+
+QMdiSubWindow *EditorFrame::Present(QWidget *form) {
+    QMdiSubWindow *window = m_area->addSubWindow(form, Qt::SubWindow | Qt::CustomizeWindowHint |
+                                                           Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->adjustSize();
+    window->move(CenterChild(m_area->size(), window->size()));
+    window->show();
+    m_area->setActiveSubWindow(window);
+    return window;
+}
+
+void EditorFrame::ProjectOpened() {
+    // The wizard goes once a project is open; it goes when its click has ended.
+    if (m_wizard) m_wizard->close();
+    m_wizard = nullptr;
+    m_undo->clear();
+    Refresh();
+    ShowHub();
+}
+
+void EditorFrame::Refresh() {
+    setWindowTitle(ToQString(m_session.Title()));
+    if (m_session.Status().empty())
+        statusBar()->clearMessage();
+    else
+        statusBar()->showMessage(ToQString(m_session.Status()));
+}
+
+} // namespace orrery

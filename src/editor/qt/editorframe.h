@@ -1,0 +1,75 @@
+// The editor's frame: the menus, the wizard, the hub and the help viewer in its area, the undo
+// stack over the session's steps, and the save timer.
+#pragma once
+
+#include "editor/change.h"
+
+#include <QMainWindow>
+#include <QPointer>
+#include <string>
+
+class QAction;
+class QMdiArea;
+class QMdiSubWindow;
+class QTimer;
+class QUndoStack;
+
+namespace orrery {
+
+class EditorSession;
+class EditorHub;
+class HelpViewer;
+class ProjectWizard;
+
+class EditorFrame : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit EditorFrame(EditorSession &session, QWidget *parent = nullptr);
+    ~EditorFrame() override;
+
+    // Opens the named project straight at the hub, or, without a name or when it can't be
+    // opened, shows the wizard.
+    void Start(const std::string &name = {});
+    // A step an operation has made: its refusal in a message box, or the step kept for undo
+    // and saved, then its notes. False when it was refused.
+    bool Apply(Outcome outcome);
+
+    // File's Show Menu: the hub when a project is open, else the wizard.
+    void ShowMenu();
+    void ShowHelp();
+    void ShowSettings();
+    // The menu's and the hub's Exit: a backup, the plain save, and the frame closes.
+    void ExitEditor();
+
+    QUndoStack *undoStack() const { return m_undo; }
+    ProjectWizard *wizard() const;
+    EditorHub *hub() const;
+    HelpViewer *help() const;
+
+signals:
+    // The model has changed by a step, its undo or its redo.
+    void projectChanged();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void MakeMenus();
+    QMdiSubWindow *Present(QWidget *form);
+    void ShowWizard();
+    void ShowHub();
+    void ProjectOpened();
+    void Refresh();
+
+    EditorSession &m_session;
+    QMdiArea *m_area;
+    QUndoStack *m_undo;
+    QTimer *m_save;
+    QPointer<QMdiSubWindow> m_wizard;
+    QPointer<QMdiSubWindow> m_hub;
+    QPointer<QMdiSubWindow> m_help;
+    QPointer<QMdiSubWindow> m_settings;
+    bool m_exited = false;
+};
+
+} // namespace orrery

@@ -1,0 +1,20 @@
+// What the editor's windows share: the system's message boxes and the place of a form in the frame.
+#pragma once
+
+#include "editor/change.h"
+
+#include <QPoint>
+#include <QSize>
+
+class QWidget;
+
+namespace orrery {
+
+// A message box with the core's title and text, answered with OK.
+void ShowMessage(QWidget *parent, const Message &message);
+
+// Where a form of that size stands in a frame of this size: centred across, and 1200 twips
+// above the middle down, but never above the frame's top.
+QPoint CenterChild(QSize frame, QSize form);
+
+} // namespace orrery
