@@ -238,6 +238,14 @@ TEST_F(EditorGui, ExitPutsABackupAsideThenSaves) {
 }
 
 TEST_F(EditorGui, TheFrameOffersWhatExistsAndSaysWhatComesLater) {
+    frame.resize(1200, 800);
+    QApplication::processEvents();
+    const QWidget *placed = frame.wizard()->parentWidget();
+    const QSize area = frame.centralWidget()->size();
+    EXPECT_EQ(placed->pos(), QPoint(area.width() / 2 - placed->width() / 2,
+                                    area.height() / 2 - placed->height() / 2 - 80))
+        << "a form stands above the middle of the frame, placed again as the frame grows";
+
     for (const char *later : {"mnurunsim", "mnucreatedistro"}) {
         EXPECT_FALSE(Action(later)->isEnabled()) << later;
         EXPECT_FALSE(Action(later)->toolTip().isEmpty()) << later;

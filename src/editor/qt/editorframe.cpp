@@ -23,6 +23,7 @@ namespace orrery {
 namespace {
 
 constexpr int kSaveInterval = 45000; // ms
+constexpr const char *kPlacedAt = "placedAt"; // where the frame last put a form
 
 // An entry whose window comes with a later version: there, but disabled, and saying so.
 void Later(QAction *action) {
@@ -54,6 +55,7 @@ EditorFrame::EditorFrame(EditorSession &session, QWidget *parent)
     setObjectName("frmMain");
     m_area->setObjectName("Picture1");
     setCentralWidget(m_area);
+    m_area->installEventFilter(this);
     statusBar()->setObjectName("stat");
     MakeMenus();
     // The whole project is written every 45 seconds whether it changed or not.
@@ -192,10 +194,25 @@ QMdiSubWindow *EditorFrame::Present(QWidget *form) {
                                                            Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->adjustSize();
-    window->move(CenterChild(m_area->size(), window->size()));
+    Place(window);
     window->show();
     m_area->setActiveSubWindow(window);
     return window;
+}
+
+void EditorFrame::Place(QMdiSubWindow *window) {
+    const QPoint at = CenterChild(m_area->size(), window->size());
+    window->move(at);
+    window->setProperty(kPlacedAt, at);
+}
+
+bool EditorFrame::eventFilter(QObject *watched, QEvent *event) {
+    // The frame may take its size after a form is placed (a window manager maximizes it late):
+    // forms the author hasn't moved are placed again.
+    if (watched == m_area && event->type() == QEvent::Resize)
+        for (QMdiSubWindow *window : m_area->subWindowList())
+            if (window->pos() == window->property(kPlacedAt).toPoint()) Place(window);
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void EditorFrame::ProjectOpened() {

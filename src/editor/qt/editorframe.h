@@ -52,10 +52,12 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void MakeMenus();
     QMdiSubWindow *Present(QWidget *form);
+    void Place(QMdiSubWindow *window);
     void ShowWizard();
     void ShowHub();
     void ProjectOpened();
