@@ -5,6 +5,7 @@
 #include "editor/qt/helpviewer.h"
 #include "editor/qt/hub.h"
 #include "editor/qt/wizard.h"
+#include "editor/elements.h"
 #include "editor/session.h"
 #include "editor/tools.h"
 #include "foundation/textfile.h"
@@ -218,6 +219,15 @@ TEST_F(EditorGui, UndoAndRedoFromTheEditMenuComeBackToTheByte) {
     redo->trigger();
     redo->trigger();
     EXPECT_EQ(FileBytes("Deep Trace"), withTool);
+
+    ASSERT_TRUE(frame.Apply(AddElement(session.model(), "Scanner", ElementKind::Button, "gate")));
+    const std::string placed = FileBytes("Deep Trace");
+    const std::string gate = session.model().Element(ElementRowByName(session.model(), "buttongate"))[kNameColumn];
+    ASSERT_FALSE(gate.empty());
+    for (int i = 0; i < 3; ++i) frame.Apply(NudgeElements(session.model(), Nudge::Right, {gate}));
+    EXPECT_EQ(undo->text(), "Undo Move");
+    undo->trigger();
+    EXPECT_EQ(FileBytes("Deep Trace"), placed) << "three nudges the same way are one step";
 }
 
 TEST_F(EditorGui, ExitPutsABackupAsideThenSaves) {

@@ -21,4 +21,15 @@ void ChangeCommand::redo() {
     m_session.Redo(m_change);
 }
 
+int ChangeCommand::id() const {
+    return m_change.mergeKey().empty() ? -1 : kMergeableChange;
+}
+
+bool ChangeCommand::mergeWith(const QUndoCommand *other) {
+    auto *later = dynamic_cast<const ChangeCommand *>(other);
+    if (!later || later->m_change.mergeKey() != m_change.mergeKey()) return false;
+    m_change.Append(Change(later->m_change));
+    return true;
+}
+
 } // namespace orrery
