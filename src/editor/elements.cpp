@@ -158,6 +158,17 @@ std::optional<Message> RowsOf(const ProjectModel &model, const std::vector<std::
     return std::nullopt;
 }
 
+// The property an author edits by a key: for "text" on a text box its content, not its kind.
+const ElementProperty *EditedProperty(std::string_view key, ElementKind kind) {
+    const std::string wanted = NormText(key);
+    const ElementProperty *found = nullptr;
+    for (const ElementProperty &property : ElementProperties())
+        if (property.key == wanted && HasKind(property.kinds, kind) &&
+            (!found || found->value == PropertyValueKind::KindNumber))
+            found = &property;
+    return found;
+}
+
 // Sets one cell of a row through the transaction.
 void SetCell(Transaction &t, int row, std::string_view key, std::string_view value) {
     ElementRow element = t.model().Element(row);
@@ -289,8 +300,8 @@ Outcome SetElementProperty(ProjectModel &model, const std::vector<std::string> &
     if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
     for (int row : rows) {
         const ElementKind kind = KindOfName(NormText(model.Element(row)[kNameColumn]));
-        const ElementProperty *property = FindElementProperty(key, kind);
-        if (!property || !HasKind(property->kinds, kind))
+        const ElementProperty *property = EditedProperty(key, kind);
+        if (!property)
             return t.Refuse({"Error", "A " + std::string(KindWord(kind)) + " has no property \"" +
                                           std::string(key) + "\"."});
         std::string value(typedValue);

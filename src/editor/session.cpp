@@ -17,10 +17,25 @@ namespace {
 
 constexpr std::string_view kLineBreakInField = "/crlf/";
 
+// Why the wizard's fields can't be kept as typed: the file cuts a value at its first colon, so
+// a website is written without its "http://".
+std::optional<Message> UnwritableInfo(const NewProjectInfo &info) {
+    const std::pair<std::string_view, const std::string *> fields[] = {
+        {"author", &info.author}, {"website", &info.website}, {"e-mail address", &info.email},
+        {"description", &info.description}};
+    for (const auto &[what, text] : fields)
+        if (text->find(':') != std::string::npos)
+            return Message{"Error", "The " + std::string(what) +
+                                        " can't hold a colon: the project file would cut it "
+                                        "there. Write a website without \"http://\"."};
+    return std::nullopt;
+}
+
 } // namespace
 
 Outcome SetProjectInfo(ProjectModel &model, const NewProjectInfo &info) {
     if (IsBlank(info.author)) return {Change(), Message{"Error", std::string(kMissingNameOrAuthor)}, {}};
+    if (auto problem = UnwritableInfo(info)) return {Change(), problem, {}};
     // The description's setting reads "//" as a line break, as the file does.
     const std::pair<std::string_view, std::string> fields[] = {
         {"myprojectauthor", Trim(info.author)},
@@ -78,6 +93,8 @@ std::optional<Message> EditorSession::Open(std::string_view name) {
 }
 
 std::optional<Message> EditorSession::Create(const NewProjectInfo &info) {
+    if (!IsBlank(info.name) && !IsBlank(info.author))
+        if (auto problem = UnwritableInfo(info)) return problem;
     auto model = std::make_unique<ProjectModel>();
     const CreateResult created = CreateProject(*model, m_paths, info, m_screen, &m_stock);
     if (!created.created) return Message{"Error", created.message};

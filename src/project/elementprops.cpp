@@ -229,6 +229,9 @@ int PropertyColumn(const ElementRow &row, std::string_view key) {
     if (IsActionKey(key)) return IsBlank(row[kActionColumn]) ? 0 : kActionColumn;
     const std::string wanted = NormText(key);
     for (int column = 1; column <= kPropertyColumns; ++column) {
+        // The kind column holds "<kind>:<number>", and "text" is both a kind and a text box's
+        // content: a property is never looked for there.
+        if (column == kKindColumn) continue;
         const std::string &cell = row[static_cast<std::size_t>(column)];
         if (!IsBlank(cell) && CellKey(cell) == wanted) return column;
     }
@@ -245,7 +248,8 @@ int SetPropertyValue(ElementRow &row, std::string_view key, std::string_view val
     int column = IsActionKey(key) ? kActionColumn : PropertyColumn(row, key);
     // The action's column stays free for it.
     for (int c = 1; column == 0 && c <= kPropertyColumns; ++c)
-        if (c != kActionColumn && IsBlank(row[static_cast<std::size_t>(c)])) column = c;
+        if (c != kActionColumn && c != kKindColumn && IsBlank(row[static_cast<std::size_t>(c)]))
+            column = c;
     if (column == 0) return 0;
     std::string &cell = row[static_cast<std::size_t>(column)];
     cell.assign(key).append(1, ':').append(value);

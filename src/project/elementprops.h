@@ -109,7 +109,7 @@ void ApplyProperties(ElementControl &control, const ElementRow &row, bool making
 // True for a key that names the action: any key holding "action", as the reader takes it.
 bool IsActionKey(std::string_view key);
 // The column of the cell that holds the key, found by key since columns move on reload; an
-// action is always column 20. 0 when the row has none.
+// action is always column 20, and the kind column is never one. 0 when the row has none.
 int PropertyColumn(const ElementRow &row, std::string_view key);
 // The value of the key's cell, its second field; nullopt when the row has none.
 std::optional<std::string> PropertyValue(const ElementRow &row, std::string_view key);

@@ -78,6 +78,7 @@ TEST(SetElementProperty, ValuesAreCheckedAndKeptAsTheFileKeepsThem) {
     ProjectModel m = NewProject();
     ASSERT_FALSE(AddElement(m, "Console", ElementKind::Image, "logo").refused());
     ASSERT_FALSE(AddElement(m, "Console", ElementKind::Button, "gogo").refused());
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Text, "box").refused());
     struct Row {
         const char *element, *key, *value;
         bool refused;
@@ -94,6 +95,7 @@ TEST(SetElementProperty, ValuesAreCheckedAndKeptAsTheFileKeepsThem) {
         {"imagelogo", "datafield", "logo.gif", false, "logo.gif"},
         {"imagelogo", "atool", "Nowhere", true, nullptr},
         {"buttongogo", "button", "7", true, nullptr},
+        {"textbox", "text", "hello", false, "hello"},
     };
     for (const Row &row : rows) {
         const Outcome outcome = SetElementProperty(m, {row.element}, row.key, row.value);
@@ -102,6 +104,8 @@ TEST(SetElementProperty, ValuesAreCheckedAndKeptAsTheFileKeepsThem) {
             EXPECT_EQ(Cell(m, row.element, row.key), row.stored) << row.key;
         }
     }
+    EXPECT_EQ(m.Element(ElementRowByName(m, "textbox"))[kKindColumn], "text:3")
+        << "a text box's content never takes its kind's cell";
 }
 
 TEST(NudgeElements, ManyInOneStepAndNoSizeBelowNothing) {
