@@ -2,6 +2,7 @@
 #include "editor/qt/editorframe.h"
 #include "editor/session.h"
 #include "foundation/codepage.h"
+#include "widgets/quitsignals.h"
 #include "widgets/look.h"
 
 #include <QApplication>
@@ -23,6 +24,9 @@ int main(int argc, char **argv) {
     const orrery::HostScreen screen{orrery::Twips(pixels.width()), orrery::Twips(pixels.height())};
     orrery::EditorSession session(paths, orrery::AppPaths(own), screen);
     orrery::EditorFrame frame(session);
+    // Told to stop, the editor closes as its window's close button would: with a plain save.
+    orrery::QuitSignals stopSignals;
+    QObject::connect(&stopSignals, &orrery::QuitSignals::arrived, &frame, &QWidget::close);
     frame.showMaximized();
     frame.Start(args.size() > 2 ? orrery::Utf8ToCp1252(args[2].toStdString()) : std::string());
     return app.exec();

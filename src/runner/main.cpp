@@ -1,5 +1,5 @@
 // The run-time: plays the game that Data/pname.dat names, from the splash to the menu's Exit.
-#include "runtime/quitsignals.h"
+#include "widgets/quitsignals.h"
 #include "runtime/runtime.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
 // The termination signals, delivered on the event loop through a socket pair.
-#include "runtime/quitsignals.h"
+#include "widgets/quitsignals.h"
 
 #include <QSocketNotifier>
 #include <csignal>
