@@ -14,10 +14,6 @@ namespace orrery {
 
 namespace {
 
-// The rows of a tool are those whose owning tool, without blanks, is the tool's name.
-bool RowOfTool(const ElementRow &row, std::string_view tool) {
-    return !tool.empty() && NormNoSpaces(FieldAt(row[1], 2)) == tool;
-}
 
 void Centre(Game &game, ToolBox &box) {
     box.left = game.desk.formWidth / 2 - box.width / 2 - 240;
@@ -109,12 +105,12 @@ DesignedTool BuildToolControls(const ProjectModel &project, std::string_view too
     for (int row = 1; row <= kLastToolRow; ++row) {
         design.lastRowScanned = row;
         const ElementRow &element = project.Element(row);
-        if (IsBlank(element[1]) && IsBlank(project.Element(row + 1)[1])) break;
+        if (IsBlank(element[kToolColumn]) && IsBlank(project.Element(row + 1)[kToolColumn])) break;
         if (!RowOfTool(element, tool)) continue;
-        const ElementKind kind = KindOfName(NormText(FieldAt(element[2], 1)));
+        const ElementKind kind = KindOfName(NormText(FieldAt(element[kKindColumn], 1)));
         if (kind == ElementKind::Other) continue;
         ElementControl control;
-        control.tag = element[0];
+        control.tag = element[kNameColumn];
         control.kind = kind;
         ApplyProperties(control, element, true);
         PadLabelCaption(control);
@@ -263,7 +259,7 @@ void ListClick(Game &game, int row) { RunRowAction(game, row); }
 void TextEnter(Game &game, int row) {
     const ElementControl *text = game.desk.Control(row);
     if (!text || text->height >= 800) return;
-    const std::string tool = NormNoSpaces(FieldAt(game.project.Element(row)[1], 2));
+    const std::string tool = ToolTag(FieldAt(game.project.Element(row)[kToolColumn], 2));
     for (int other = 1; other <= kElementRows; ++other) {
         const ElementControl *button = game.desk.Control(other);
         if (button && button->kind == ElementKind::Button && RowOfTool(game.project.Element(other), tool))

@@ -6,6 +6,7 @@
 #include "editor/tools.h"
 #include "editor/words.h"
 #include "foundation/text.h"
+#include "project/elementprops.h"
 #include "project/keytable.h"
 
 #include <algorithm>
@@ -141,7 +142,7 @@ Outcome SetToolSub(ProjectModel &model, std::string_view tool, std::string_view 
     if (!FindTool(model, tool)) return t.Refuse(words::kNoSuchTool);
     // The run-time finds a tool's assignments by the tool's name without blanks: a key with a
     // blank in it would never fire.
-    const std::string key = NormNoSpaces(tool) + ":" + sub;
+    const std::string key = ToolTag(tool) + ":" + sub;
     const std::string sequence = Trim(StorableSequence(statements));
     const int slot = FindToolSub(model, key);
     if (sequence.empty()) {

@@ -5,6 +5,7 @@
 #include "editor/text.h"
 #include "editor/words.h"
 #include "foundation/text.h"
+#include "project/elementprops.h"
 
 namespace orrery {
 
@@ -12,10 +13,6 @@ namespace {
 
 constexpr int kToolListLimit = 99;
 
-// The tool a row belongs to: its "atool:" cell, without blanks, in name form.
-bool RowOfTool(const ElementRow &row, std::string_view tool) {
-    return !IsBlank(row[1]) && NormNoSpaces(FieldAt(row[1], 2)) == tool;
-}
 
 std::vector<std::string> ExclusionList(const ProjectSettings &s) {
     std::vector<std::string> names;
@@ -68,13 +65,13 @@ Outcome RemoveTool(ProjectModel &model, std::string_view name) {
     Transaction t(model, "Remove Tool");
     const int slot = FindTool(model, name);
     if (!slot) return t.Refuse(words::kNoSuchTool);
-    const std::string tag = NormNoSpaces(model.ToolNameTable[slot]);
+    const std::string tag = ToolTag(model.ToolNameTable[slot]);
     t.Set(place::Slot(&ProjectModel::ToolNameTable, slot), std::string());
     for (int row = 1; row <= kElementRows; ++row)
         if (RowOfTool(model.Element(row), tag)) t.Set(place::ElementRowAt(row), ElementRow{});
     for (int sub = 1; sub <= decltype(model.ToolSubTable)::kSize; ++sub)
         if (!IsBlank(model.ToolSubTable[sub].key) &&
-            NormNoSpaces(FieldAt(model.ToolSubTable[sub].key, 1)) == tag)
+            ToolTag(FieldAt(model.ToolSubTable[sub].key, 1)) == tag)
             t.Set(place::Slot(&ProjectModel::ToolSubTable, sub), ToolSub{});
     return t.Commit({words::kRestartAfterToolRemoval});
 }

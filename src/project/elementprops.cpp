@@ -225,6 +225,15 @@ bool IsActionKey(std::string_view key) {
     return NormTextContains(key, "action");
 }
 
+std::string ToolTag(std::string_view toolName) {
+    return NormNoSpaces(toolName);
+}
+
+bool RowOfTool(const ElementRow &row, std::string_view tag) {
+    return !tag.empty() && !IsBlank(row[kToolColumn]) &&
+           ToolTag(FieldAt(row[kToolColumn], 2)) == tag;
+}
+
 int PropertyColumn(const ElementRow &row, std::string_view key) {
     if (IsActionKey(key)) return IsBlank(row[kActionColumn]) ? 0 : kActionColumn;
     const std::string wanted = NormText(key);

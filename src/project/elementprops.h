@@ -106,6 +106,12 @@ void ApplyProperty(ElementControl &control, std::string_view key, std::string_vi
 // Applies every property cell of an element's row after the kind column, but the action.
 void ApplyProperties(ElementControl &control, const ElementRow &row, bool making);
 
+// The tag of a tool: its name without blanks, in name form, as the run-time keys its panel,
+// its side-menu entry and its event assignments.
+std::string ToolTag(std::string_view toolName);
+// True when the row's element belongs to the tool of that tag, by its "atool:" cell.
+bool RowOfTool(const ElementRow &row, std::string_view tag);
+
 // True for a key that names the action: any key holding "action", as the reader takes it.
 bool IsActionKey(std::string_view key);
 // The column of the cell that holds the key, found by key since columns move on reload; an

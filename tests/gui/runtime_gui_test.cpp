@@ -10,7 +10,7 @@
 #include "platform/headless.h"
 #include "runtime/desktopwindow.h"
 #include "runtime/menuwindow.h"
-#include "runtime/quitsignals.h"
+#include "widgets/quitsignals.h"
 #include "runtime/runtime.h"
 #include "runtime/splash.h"
 #include "session/playsession.h"

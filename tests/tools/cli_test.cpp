@@ -2,7 +2,7 @@
 #include "foundation/textfile.h"
 #include "support/fifo.h"
 #include "support/tempdir.h"
-#include "tools/cli.h"
+#include "support/orrery_run.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -13,18 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct ToolRun {
-    int code;
-    std::string out;
-    std::string err;
-};
-
-ToolRun Orrery(std::vector<std::string> args, const std::string &input = "") {
-    std::istringstream in(input);
-    std::ostringstream out, err;
-    const int code = RunOrreryCli(args, in, out, err);
-    return {code, out.str(), err.str()};
-}
+using test::Orrery;
+using test::ToolRun;
 
 TEST(OrreryTool, NewThenDumpResaveAndSummary) {
     test::TempDir dir;

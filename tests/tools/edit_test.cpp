@@ -1,7 +1,7 @@
 // orrery edit as an author scripts it: words, refusals, and a script applied whole or not at all.
 #include "foundation/textfile.h"
 #include "support/tempdir.h"
-#include "tools/cli.h"
+#include "support/orrery_run.h"
 #include "tools/edit_command.h"
 
 #include <gtest/gtest.h>
@@ -10,18 +10,8 @@
 namespace orrery {
 namespace {
 
-struct EditRun {
-    int code;
-    std::string out;
-    std::string err;
-};
-
-EditRun Orrery(std::vector<std::string> args, const std::string &input = "") {
-    std::istringstream in(input);
-    std::ostringstream out, err;
-    const int code = RunOrreryCli(args, in, out, err);
-    return {code, out.str(), err.str()};
-}
+using test::Orrery;
+using test::ToolRun;
 
 TEST(EditWords, SplitLikeAShell) {
     const std::pair<const char *, std::vector<std::string>> rows[] = {
@@ -55,12 +45,12 @@ TEST_F(EditTool, AScriptIsAppliedWholeOrNotAtAll) {
                                "add-var gold 5\n"
                                "add-tool \"mail box\"\n"
                                "add-qlob never\n";
-    const EditRun refused = Orrery({"edit", app, "Game", "--script", "-"}, script);
+    const ToolRun refused = Orrery({"edit", app, "Game", "--script", "-"}, script);
     EXPECT_EQ(refused.code, 1);
     EXPECT_EQ(refused.err, "<stdin>:4: A tool with that name already exists.\n");
     EXPECT_EQ(File(), before) << "nothing of a refused script is saved";
 
-    const EditRun applied = Orrery({"edit", app, "Game", "--script", "-"},
+    const ToolRun applied = Orrery({"edit", app, "Game", "--script", "-"},
                                    "add-tool \"Mail Box\"\nadd-var gold 5\n"
                                    "add-element \"Mail Box\" label status 120 240\n"
                                    "set labelstatus caption \"Credits - none\"\n");
@@ -74,10 +64,10 @@ TEST_F(EditTool, AScriptIsAppliedWholeOrNotAtAll) {
 }
 
 TEST_F(EditTool, ARefusalPrintsItsWordsWithATitleThatSaysMore) {
-    const EditRun plain = Orrery({"edit", app, "Game", "add-tool", "connector"});
+    const ToolRun plain = Orrery({"edit", app, "Game", "add-tool", "connector"});
     EXPECT_EQ(plain.code, 1);
     EXPECT_EQ(plain.err, "A tool with that name already exists.\n");
-    const EditRun titled = Orrery({"edit", app, "Game", "set-sequence", "Console:opening", "X"});
+    const ToolRun titled = Orrery({"edit", app, "Game", "set-sequence", "Console:opening", "X"});
     EXPECT_EQ(titled.code, 1);
     EXPECT_EQ(titled.err.substr(0, 8), "[Hello] ");
     EXPECT_EQ(Orrery({"edit", app, "Game", "add-tool"}).code, 2);
@@ -88,7 +78,7 @@ TEST_F(EditTool, ARefusalPrintsItsWordsWithATitleThatSaysMore) {
 }
 
 TEST_F(EditTool, HelpListsEveryOperation) {
-    const EditRun help = Orrery({"edit", "--help"});
+    const ToolRun help = Orrery({"edit", "--help"});
     EXPECT_EQ(help.code, 0);
     for (const char *operation :
          {"add-tool", "remove-tool", "add-var", "add-qlob", "set-qlob", "remove-qlob",
