@@ -8,6 +8,7 @@
 #include "foundation/convert.h"
 #include "foundation/random.h"
 #include "foundation/text.h"
+#include "project/defaults.h"
 #include "project/keytable.h"
 
 #include <algorithm>
@@ -59,6 +60,15 @@ std::string SettingText(const ProjectSettings &settings, std::string_view name) 
         key->member);
 }
 
+const ProjectSettings &NewProjectStyles() {
+    static const ProjectSettings styles = [] {
+        ProjectModel model;
+        SetProjectDefaults(model, {});
+        return model.settings;
+    }();
+    return styles;
+}
+
 // The cells of a new element of a kind, in the order the tool editor writes them.
 std::vector<std::pair<std::string, std::string>> NewCells(const ProjectModel &model,
                                                           ElementKind kind, std::string_view tool,
@@ -69,8 +79,14 @@ std::vector<std::pair<std::string, std::string>> NewCells(const ProjectModel &mo
                                                            {word, IntText(number)}};
     if (kind != ElementKind::Image) {
         const std::string style = "mtdefstyle" + word;
+        // A console's default style is never written to the file, so a project read back has
+        // none: it takes a new project's.
+        const ProjectSettings &styles =
+            kind == ElementKind::Qonsole && model.settings.mtdefstyleqonsolefontsize <= 0
+                ? NewProjectStyles()
+                : model.settings;
         const auto setting = [&](std::string_view what) {
-            return SettingText(model.settings, style + std::string(what));
+            return SettingText(styles, style + std::string(what));
         };
         const std::string font = setting("fontname");
         cells.insert(cells.end(), {{"fontname", IsBlank(font) ? "Verdana" : font},

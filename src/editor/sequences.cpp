@@ -111,7 +111,7 @@ Outcome AddQlob(ProjectModel &model, std::string_view typed) {
 
 Outcome SetQlob(ProjectModel &model, std::string_view name, std::string_view statements) {
     Transaction t(model, "Edit Qlob");
-    const int slot = FindQlobByName(model, name);
+    const int slot = FindQlobByName(model, QlobName(name));
     if (!slot) return t.Refuse(words::kNoSuchQlob);
     std::string record = QlobName(name) + " ";
     const std::string text = StorableSequence(statements);
@@ -127,7 +127,7 @@ Outcome SetQlob(ProjectModel &model, std::string_view name, std::string_view sta
 
 Outcome RemoveQlob(ProjectModel &model, std::string_view name) {
     Transaction t(model, "Remove Qlob");
-    const int slot = FindQlobByName(model, name);
+    const int slot = FindQlobByName(model, QlobName(name));
     if (!slot) return t.Refuse(words::kNoSuchQlob);
     t.Set(place::Slot(&ProjectModel::QlobTable, slot), std::string());
     return t.Commit();

@@ -21,7 +21,8 @@ Outcome RemoveVar(ProjectModel &model, std::string_view name);
 
 // A new, empty qlob: blanks become underscores and the name is upper-cased.
 Outcome AddQlob(ProjectModel &model, std::string_view name);
-// The qlob's statements, back-quote separated: the manual edit's save. The name is written in
+// The qlob's statements, back-quote separated: the manual edit's save. The qlob is named as
+// when it was added: blanks as underscores, any case. The name is written in
 // upper case; empty statements are dropped and each kept one ends in a back-quote.
 Outcome SetQlob(ProjectModel &model, std::string_view name, std::string_view statements);
 Outcome RemoveQlob(ProjectModel &model, std::string_view name);

@@ -6,6 +6,8 @@
 
 #include "editor/sequences.h"
 #include "foundation/codepage.h"
+#include "foundation/convert.h"
+#include "foundation/textfile.h"
 #include "foundation/text.h"
 #include "project/loader.h"
 
@@ -29,6 +31,20 @@ std::optional<Message> UnwritableInfo(const NewProjectInfo &info) {
                                         " can't hold a colon: the project file would cut it "
                                         "there. Write a website without \"http://\"."};
     return std::nullopt;
+}
+
+// The menu's saved form size as the file holds it. The reader passes these keys over and
+// takes the screen's size, which a save then records; until the menu designer sets them, the
+// editor keeps the file's, so that opening a project on another screen changes nothing.
+void KeepMenuFormSize(ProjectModel &model, const std::filesystem::path &file) {
+    const std::string bytes = ReadFileBytes(file).value_or("");
+    ForEachLine(bytes, [&](std::string_view line) {
+        const std::string key = NormText(FieldAt(line, 1));
+        const auto value = RoundToInt32(Val(FieldAt(line, 2)));
+        if (!value || model.scrambled) return;
+        if (key == "mymenufullwidth") model.settings.mymenufullwidth = *value;
+        if (key == "mymenufullheight") model.settings.mymenufullheight = *value;
+    });
 }
 
 } // namespace
@@ -87,6 +103,7 @@ std::optional<Message> EditorSession::Open(std::string_view name) {
     auto model = std::make_unique<ProjectModel>();
     const LoadReport report = LoadProject(*model, m_paths, name, m_screen);
     if (!report.found) return kInvalidProject;
+    KeepMenuFormSize(*model, *m_paths.ProjectFile(name));
     m_model = std::move(model);
     m_status.clear();
     return std::nullopt;

@@ -45,6 +45,7 @@ std::optional<ElementKind> KindByWord(std::string_view word) {
 const Message kNotAKind{"Error",
                         "The kind is one of button, label, list, text, image and qonsole."};
 const Message kNotAPosition{"Error", "A position is two whole numbers of twips: LEFT TOP."};
+const Message kNotADistance{"Error", "A distance is two whole numbers of twips: DX DY."};
 
 std::vector<std::string> Rest(Words words) {
     return {words.begin(), words.end()};
@@ -87,7 +88,9 @@ const std::vector<Operation> &Operations() {
         {"include-tool", "NAME", "let an excluded tool back into the side menu", 1, 1,
          [](ProjectModel &m, Words w) { return ExcludeTool(m, w[0], false); }},
         {"add-element", "TOOL KIND NAME [LEFT TOP]",
-         "an element of a kind (button, label, list, text, image, qonsole) named as typed", 3, 5,
+         "an element of a kind (button, label, list, text, image, qonsole); it is stored as the "
+         "kind word and NAME in lower case without kind words or punctuation (label status "
+         "makes labelstatus), at least 3 letters, and no element's name may end in it", 3, 5,
          AddElementWords},
         {"add-array", "TOOL KIND COUNT", "an array of up to 12 elements, named <stem>(1) on", 3, 3,
          [](ProjectModel &m, Words w) {
@@ -95,8 +98,10 @@ const std::vector<Operation> &Operations() {
              return kind ? AddArray(m, w[0], *kind, w[2], ProcessRandom()) : Refused(kNotAKind);
          }},
         {"set", "ELEMENT PROPERTY VALUE",
-         "a property of an element by its stored name (caption, left, top, width, height, "
-         "forecolor, backcolor, fontname, fontsize, action, commandlist, listitems...)",
+         "a property of an element by its stored name (caption, text, left, top, width, height, "
+         "forecolor, backcolor, fontname, fontsize, fontbold, alignment, backstyle, datafield, "
+         "action, commandlist, listitems); list items are separated by //, a caption's and a "
+         "command list's lines by back-quotes",
          3, 3, [](ProjectModel &m, Words w) { return SetElementProperty(m, {w[0]}, w[1], w[2]); }},
         {"nudge", "DIRECTION ELEMENT...",
          "move (left, right, up, down) or size (wider, narrower, taller, shorter) by 120 twips", 2,
@@ -111,7 +116,7 @@ const std::vector<Operation> &Operations() {
         {"move", "DX DY ELEMENT...", "move elements by a distance in twips, as a drag does", 3, -1,
          [](ProjectModel &m, Words w) {
              const auto dx = Signed(w[0]), dy = Signed(w[1]);
-             if (!dx || !dy) return Refused(kNotAPosition);
+             if (!dx || !dy) return Refused(kNotADistance);
              return MoveElements(m, Rest(w.subspan(2)), *dx, *dy);
          }},
         {"align", "EDGE ELEMENT...",
@@ -156,7 +161,7 @@ const std::vector<Operation> &Operations() {
              if (NormText(w[0]) == "main-load") return SetMainLoad(m, w[1]);
              if (ElementRowByName(m, w[0])) return SetElementProperty(m, {w[0]}, "action", w[1]);
              const std::size_t colon = w[0].rfind(':');
-             if (colon == std::string::npos) return SetToolSub(m, w[0], "", w[1]);
+             if (colon == std::string::npos) return Refused(words::kNoSuchElement);
              return SetToolSub(m, w[0].substr(0, colon), w[0].substr(colon + 1), w[1]);
          }},
         {"set-help", "TITLE TEXT", "a help topic; a new title adds one", 2, 2,
@@ -212,7 +217,8 @@ void PrintHelp(std::ostream &out) {
     out << "Usage: orrery edit <app-dir> <name> <operation> [arguments]\n"
            "       orrery edit <app-dir> <name> --script FILE   (- for standard input)\n\n"
            "A script holds one operation a line; words are separated by blanks, and a word\n"
-           "that holds blanks stands in double quotes. Lines that begin with # are passed over.\n"
+           "that holds blanks stands in double quotes. Lines that begin with # are passed over;\n"
+           "a # later in a line is part of the line.\n"
            "A script is applied whole or not at all: the first refused line is reported as\n"
            "FILE:LINE: message, and nothing is saved.\n\nOperations:\n";
     for (const Operation &operation : Operations())
@@ -270,6 +276,8 @@ int RunScript(ProjectModel &model, const std::string &file, std::istream &in, st
         text = *bytes;
     }
     const std::string name = file == "-" ? "<stdin>" : file;
+    // An editor's byte order mark is not part of the first word.
+    if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
     int number = 0;
     for (std::string_view line : SplitLines(text)) {
         ++number;

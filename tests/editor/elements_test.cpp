@@ -55,6 +55,12 @@ TEST(AddElement, RulesAndWords) {
     EXPECT_EQ(Cell(m, "qonsolemain", "atool"), "Console");
     EXPECT_EQ(Cell(m, "qonsolemain", "left"), "240");
     EXPECT_EQ(Cell(m, "qonsolemain", "fontname"), "Verdana");
+    // A project read back from its file has no console style; a new console still shows.
+    m.settings.mtdefstyleqonsolefontsize = 0;
+    m.settings.mtdefstyleqonsoleforecolor = 0;
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Qonsole, "second").refused());
+    EXPECT_NE(Cell(m, "qonsolesecond", "fontsize"), "0");
+    EXPECT_NE(Cell(m, "qonsolesecond", "forecolor"), Cell(m, "qonsolesecond", "backcolor"));
 }
 
 TEST(AddArray, TwelveInOneStepThirteenRefused) {

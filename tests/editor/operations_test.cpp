@@ -110,7 +110,7 @@ TEST(EditorOperations, WhatTheyStore) {
     EXPECT_EQ(m.VariableTable[FirstFreeVariable(m) - 1].value, "fast-and-far");
 
     ASSERT_FALSE(AddQlob(m, "open the gate").refused());
-    ASSERT_FALSE(SetQlob(m, "open_the_gate", "A [x: y]``  `B").refused());
+    ASSERT_FALSE(SetQlob(m, "Open the gate", "A [x: y]``  `B").refused()) << "named as typed";
     EXPECT_EQ(m.QlobTable[FindQlobByName(m, "OPEN_THE_GATE")], "OPEN_THE_GATE A [x; y]`B`");
 
     ASSERT_FALSE(AddTool(m, "Mail Box").refused());

@@ -50,7 +50,8 @@ TEST_F(SessionTest, CreateRefusesInTheWizardsWordsAndOpensWhatItMade) {
     EXPECT_NE(FileBytes().find("myprojectauthor:Me"), std::string::npos);
     EXPECT_NE(session.Status().find("Data/names.dat is missing"), std::string::npos)
         << "the stock neither tree has is said";
-    EXPECT_EQ(session.Create({"MY GAME", "Me", "", "", ""}), exists) << "the folder test ignores case";
+    EXPECT_EQ(session.Create({"MY GAME", "Me", "", "", ""}), exists)
+        << "the folder test ignores case";
 }
 
 TEST_F(SessionTest, TheListHoldsEveryFolderAndOpensOnlyProjects) {
@@ -142,6 +143,22 @@ TEST_F(SessionTest, TheSettingsPageWritesItsFieldsAsOneStep) {
     EXPECT_EQ(model.settings.myprojectauthor, "Me") << "the fields before the refused one go back";
     EXPECT_EQ(SetProjectInfo(model, {"", " ", "", "", ""}).refusal,
               (Message{"Error", std::string(kMissingNameOrAuthor)}));
+}
+
+} // namespace
+} // namespace orrery
+
+namespace orrery {
+namespace {
+
+TEST_F(SessionTest, OpeningAndClosingOnAnotherScreenChangesNothing) {
+    CreateMyGame();
+    const std::string before = FileBytes();
+    EditorSession elsewhere{session.paths(), AppPaths(dir.path() / "stock"),
+                            HostScreen{9000, 6000}};
+    ASSERT_EQ(elsewhere.Open("My Game"), std::nullopt);
+    elsewhere.Close();
+    EXPECT_EQ(FileBytes(), before) << "the menu's saved form size stays the file's";
 }
 
 } // namespace

@@ -51,6 +51,7 @@ TEST_F(EditTool, AScriptIsAppliedWholeOrNotAtAll) {
     EXPECT_EQ(File(), before) << "nothing of a refused script is saved";
 
     const ToolRun applied = Orrery({"edit", app, "Game", "--script", "-"},
+                                   "\xEF\xBB\xBF" // an editor's byte order mark
                                    "add-tool \"Mail Box\"\nadd-var gold 5\n"
                                    "add-element \"Mail Box\" label status 120 240\n"
                                    "set labelstatus caption \"Credits - none\"\n");
