@@ -69,7 +69,8 @@ const ProjectSettings &NewProjectStyles() {
     return styles;
 }
 
-// The cells of a new element of a kind, in the order the tool editor writes them.
+// The cells of a new element of a kind, in the order the tool editor writes them: the tool's
+// first and the kind's second, as every reader expects.
 std::vector<std::pair<std::string, std::string>> NewCells(const ProjectModel &model,
                                                           ElementKind kind, std::string_view tool,
                                                           int number, std::string_view caption,
@@ -113,19 +114,6 @@ std::vector<std::pair<std::string, std::string>> NewCells(const ProjectModel &mo
     return cells;
 }
 
-// Where the tool editor puts a new element's cell: the key's own column, and a key without one
-// (a picture, a console's commands) in the first free column from 17 on, the action's aside.
-int NewCellColumn(const ElementRow &element, std::string_view key, ElementKind kind) {
-    const ElementProperty *property = FindElementProperty(key, kind);
-    if (property && property->column > 0 &&
-        IsBlank(element[static_cast<std::size_t>(property->column)]))
-        return property->column;
-    for (int column = 17; column <= kPropertyColumns; ++column)
-        if (column != kActionColumn && IsBlank(element[static_cast<std::size_t>(column)]))
-            return column;
-    return kPropertyColumns;
-}
-
 // The first blank row; 0 when the table is full.
 int FreeElementRow(const ProjectModel &model) {
     for (int row = 1; row <= kElementRows; ++row)
@@ -157,8 +145,13 @@ std::optional<Message> AddNamed(Transaction &t, std::string_view tool, ElementKi
     t.Set(place::Counter(&ProjectModel::elementCount), number);
     ElementRow element{};
     element[kNameColumn] = std::string(KindWord(kind)) + name;
-    for (const auto &[key, value] : NewCells(model, kind, tool, number, caption, at))
-        element[static_cast<std::size_t>(NewCellColumn(element, key, kind))] = key + ":" + value;
+    // The cells stand in the columns a reload would give them, one after another from the
+    // first, so that saving the project again writes the same bytes.
+    const auto cells = NewCells(model, kind, tool, number, caption, at);
+    element[kToolColumn] = cells[0].first + ":" + cells[0].second;
+    element[kKindColumn] = cells[1].first + ":" + cells[1].second;
+    for (std::size_t i = 2; i < cells.size(); ++i)
+        SetPropertyValue(element, cells[i].first, cells[i].second);
     t.Set(place::ElementRowAt(row), element);
     return std::nullopt;
 }

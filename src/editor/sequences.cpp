@@ -180,7 +180,8 @@ Outcome SetHelp(ProjectModel &model, std::string_view typedTitle, std::string_vi
 Outcome RemoveHelp(ProjectModel &model, std::string_view title) {
     Transaction t(model, "Remove Help");
     const int slot = FindHelp(model, title);
-    if (slot) t.Set(place::Slot(&ProjectModel::HelpTable, slot), std::string());
+    if (!slot) return t.Refuse({"Error", "There is no help topic of that title."});
+    t.Set(place::Slot(&ProjectModel::HelpTable, slot), std::string());
     return t.Commit();
 }
 

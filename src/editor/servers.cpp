@@ -76,8 +76,13 @@ Outcome AddServerField(ProjectModel &model, std::string_view name, std::string_v
     if (auto problem = UnwritableName(upper)) return t.Refuse(*problem);
     if (upper.find(' ') != std::string::npos || upper.find('=') != std::string::npos)
         return t.Refuse(words::kUnwritableName);
-    if (std::string(value).find_first_of("\r\n()") != std::string::npos)
+    if (std::string(value).find_first_of("\r\n") != std::string::npos)
         return t.Refuse(words::kUnwritableValue);
+    if (std::string(value).find_first_of("()") != std::string::npos)
+        return t.Refuse({"Error", "A field's value stands in parentheses and can't hold one."});
+    if (std::any_of(fields.begin(), fields.end(),
+                    [&](const std::string &f) { return NormText(FieldName(f)) == NormText(upper); }))
+        return t.Refuse({"Error", "A server field with that name already exists."});
     fields.push_back(upper + " (" + Trim(value) + ")" + (onRandomServers ? "*" : ""));
     Relist(t, &ProjectModel::ServerFieldTable, fields);
     return t.Commit();

@@ -87,6 +87,9 @@ TEST(EditorOperations, RulesAndWords) {
              },
              [](ProjectModel &m) { return AddServerField(m, "more", "x", false); }),
          Message{words::kTooManyFields}},
+        {"a server field named twice",
+         [](ProjectModel &m) { return AddServerField(m, "ip", "1.2.3.4", false); },
+         Message{"Error", "A server field with that name already exists."}},
         {"a qlob named twice",
          [](ProjectModel &m) {
              AddQlob(m, "go on");

@@ -62,6 +62,9 @@ TEST_F(EditTool, AScriptIsAppliedWholeOrNotAtAll) {
     EXPECT_NE(File().find("[newel]:label:labelstatus\r\nelement:1:atool:Mail Box\r\n"),
               std::string::npos);
     EXPECT_NE(File().find("caption:Credits - none\r\n"), std::string::npos);
+    const std::string edited = File();
+    ASSERT_EQ(Orrery({"resave", app, "Game"}).code, 0);
+    EXPECT_EQ(File(), edited) << "what the editor writes, a reload and a save write again";
 }
 
 TEST_F(EditTool, ARefusalPrintsItsWordsWithATitleThatSaysMore) {
