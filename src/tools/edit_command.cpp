@@ -245,7 +245,13 @@ Applied Apply(ProjectModel &model, std::vector<std::string> words) {
     const int given = static_cast<int>(words.size()) - 1;
     if (given < operation->least || (operation->most >= 0 && given > operation->most))
         return {2, "usage: " + std::string(operation->name) + " " + std::string(operation->usage)};
-    for (std::string &word : words) word = Utf8ToCp1252(word);
+    for (std::string &word : words) {
+        std::string stored = Utf8ToCp1252(word);
+        if (Cp1252ToUtf8(stored) != word)
+            return {1, "\"" + word + "\" holds a character the project's code page (Windows-1252) "
+                       "can't write"};
+        word = std::move(stored);
+    }
     const Outcome outcome = operation->run(model, Words(words).subspan(1));
     if (outcome.refused()) return {1, RefusalText(*outcome.refusal)};
     return {};
