@@ -287,14 +287,16 @@ Outcome AddElement(ProjectModel &model, std::string_view tool, ElementKind kind,
 }
 
 Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
-                 std::string_view count, Random &random) {
+                 std::string_view count, Random &random, std::string_view typedStem) {
     Transaction t(model, "Add Array");
     const int n = RoundToInt32(Val(count)).value_or(0);
     if (n <= 0) return t.Commit();
     if (n > kLargestArray) return t.Refuse(words::kArrayTooBig);
     std::string owner;
     if (auto refusal = ToolFor(model, tool, kind, owner)) return t.Refuse(*refusal);
-    const std::string stem = IntText(static_cast<int>(random.Unit() * 8000) + 1000);
+    const std::string stem = typedStem.empty()
+                                 ? IntText(static_cast<int>(random.Unit() * 8000) + 1000)
+                                 : CleanElementName(typedStem);
     for (int i = 1; i <= n; ++i) {
         const std::string name = stem + "(" + IntText(i) + ")";
         if (auto refusal = AddNamed(t, owner, kind, name, name, {})) return t.Refuse(*refusal);

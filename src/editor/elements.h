@@ -35,9 +35,10 @@ int ElementRowByName(const ProjectModel &model, std::string_view name);
 Outcome AddElement(ProjectModel &model, std::string_view tool, ElementKind kind,
                    std::string_view typedName, Position at = {});
 // An array of count elements named "<stem>(1)" to "<stem>(count)", all at one place; count is
-// what the author typed. At most 12; 0 or not a number adds nothing.
+// what the author typed. At most 12; 0 or not a number adds nothing. The stem is a random
+// number from 1000 to 8999, or the cleaned name given.
 Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
-                 std::string_view count, Random &random);
+                 std::string_view count, Random &random, std::string_view stem = {});
 
 // Sets one property of the named elements, all in one step. The value is checked against
 // what the property holds.

@@ -92,10 +92,14 @@ const std::vector<Operation> &Operations() {
          "kind word and NAME in lower case without kind words or punctuation (label status "
          "makes labelstatus), at least 3 letters, and no element's name may end in it", 3, 5,
          AddElementWords},
-        {"add-array", "TOOL KIND COUNT", "an array of up to 12 elements, named <stem>(1) on", 3, 3,
+        {"add-array", "TOOL KIND COUNT [STEM]",
+         "an array of up to 12 elements, named <kind><stem>(1) on; without a stem, a random "
+         "number is the stem",
+         3, 4,
          [](ProjectModel &m, Words w) {
              const auto kind = KindByWord(w[1]);
-             return kind ? AddArray(m, w[0], *kind, w[2], ProcessRandom()) : Refused(kNotAKind);
+             if (!kind) return Refused(kNotAKind);
+             return AddArray(m, w[0], *kind, w[2], ProcessRandom(), w.size() == 4 ? w[3] : "");
          }},
         {"set", "ELEMENT PROPERTY VALUE",
          "a property of an element by its stored name (caption, text, left, top, width, height, "

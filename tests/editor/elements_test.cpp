@@ -80,6 +80,15 @@ TEST(AddArray, TwelveInOneStepThirteenRefused) {
     }
 }
 
+TEST(AddArray, AGivenStemNamesTheItems) {
+    ProjectModel m = NewProject();
+    Random random(3);
+    ASSERT_FALSE(AddArray(m, "Console", ElementKind::Label, "3", random, "Slot").refused());
+    EXPECT_NE(ElementRowByName(m, "labelslot(3)"), 0);
+    EXPECT_TRUE(AddArray(m, "Console", ElementKind::Button, "2", random, "slot").refused())
+        << "labelslot(1) ends in slot(1)";
+}
+
 TEST(SetElementProperty, ValuesAreCheckedAndKeptAsTheFileKeepsThem) {
     ProjectModel m = NewProject();
     ASSERT_FALSE(AddElement(m, "Console", ElementKind::Image, "logo").refused());
