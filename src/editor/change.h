@@ -101,6 +101,13 @@ public:
                         [at, before](ProjectModel &m) { at(m) = before; });
     }
 
+    // Takes in an operation run inside this one: its writes become part of this step. Answers
+    // its refusal, if it refused (its own writes are undone already).
+    std::optional<Message> Take(Outcome &&inner) {
+        m_change.Append(std::move(inner.change));
+        return std::move(inner.refusal);
+    }
+
     // Ends the transaction: the writes stay and are handed over.
     Outcome Commit(std::vector<Message> notes = {}) {
         m_done = true;

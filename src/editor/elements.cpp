@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace orrery {
 
@@ -42,22 +41,10 @@ Size DefaultSize(ElementKind kind) {
     }
 }
 
-// A scalar setting as the project file writes it.
+// A scalar setting as the project file writes it; "" for a key there is none of.
 std::string SettingText(const ProjectSettings &settings, std::string_view name) {
     const SettingKey *key = FindSettingKey(name);
-    if (!key) return {};
-    return std::visit(
-        [&](auto member) -> std::string {
-            const auto &value = settings.*member;
-            using Type = std::decay_t<decltype(value)>;
-            if constexpr (std::is_same_v<Type, std::string>)
-                return value;
-            else if constexpr (std::is_same_v<Type, bool>)
-                return BoolText(value);
-            else
-                return IntText(value);
-        },
-        key->member);
+    return key ? SettingValueText(settings, *key) : std::string();
 }
 
 const ProjectSettings &NewProjectStyles() {
@@ -167,31 +154,12 @@ std::optional<Message> RowsOf(const ProjectModel &model, const std::vector<std::
     return std::nullopt;
 }
 
-// The property an author edits by a key: for "text" on a text box its content, not its kind.
-const ElementProperty *EditedProperty(std::string_view key, ElementKind kind) {
-    const std::string wanted = NormText(key);
-    const ElementProperty *found = nullptr;
-    for (const ElementProperty &property : ElementProperties())
-        if (property.key == wanted && HasKind(property.kinds, kind) &&
-            (!found || found->value == PropertyValueKind::KindNumber))
-            found = &property;
-    return found;
-}
-
 // Sets one cell of a row through the transaction.
 void SetCell(Transaction &t, int row, std::string_view key, std::string_view value) {
     ElementRow element = t.model().Element(row);
     if (SetPropertyValue(element, key, value)) t.Set(place::ElementRowAt(row), element);
 }
 
-std::optional<std::int32_t> WholeNumber(std::string_view text) {
-    std::int32_t n = 0;
-    const std::string trimmed = Trim(text);
-    const auto [end, error] = std::from_chars(trimmed.data(), trimmed.data() + trimmed.size(), n);
-    if (error != std::errc() || end != trimmed.data() + trimmed.size() || trimmed.empty())
-        return std::nullopt;
-    return n;
-}
 
 // The value as the property keeps it, or the refusal.
 std::optional<Message> Storable(const ElementProperty &property, const ProjectModel &model,
@@ -203,9 +171,11 @@ std::optional<Message> Storable(const ElementProperty &property, const ProjectMo
     case PropertyValueKind::Number:
     case PropertyValueKind::Twips:
     case PropertyValueKind::Colour:
-        if (!WholeNumber(value)) return notNumber;
-        value = IntText(*WholeNumber(value));
-        return std::nullopt;
+        if (const auto number = ParseWholeNumber32(Trim(value))) {
+            value = IntText(*number);
+            return std::nullopt;
+        }
+        return notNumber;
     case PropertyValueKind::Boolean:
         if (const auto flag = ToBoolean(Trim(value))) {
             value = BoolText(*flag);
@@ -266,13 +236,8 @@ bool ElementNameExists(const ProjectModel &model, std::string_view name) {
 }
 
 int ElementRowByName(const ProjectModel &model, std::string_view name) {
-    const std::string wanted = NormText(name);
-    if (wanted.empty()) return 0;
-    for (int row = 1; row <= kElementRows; ++row)
-        if (NormText(model.Element(row)[kNameColumn]) == wanted &&
-            !IsBlank(model.Element(row)[kToolColumn]))
-            return row;
-    return 0;
+    const int row = FindElementRow(model, NormText(name));
+    return row && !IsBlank(model.Element(row)[kToolColumn]) ? row : 0;
 }
 
 Outcome AddElement(ProjectModel &model, std::string_view tool, ElementKind kind,
@@ -311,8 +276,8 @@ Outcome SetElementProperty(ProjectModel &model, const std::vector<std::string> &
     if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
     for (int row : rows) {
         const ElementKind kind = KindOfName(NormText(model.Element(row)[kNameColumn]));
-        const ElementProperty *property = EditedProperty(key, kind);
-        if (!property)
+        const ElementProperty *property = FindElementProperty(key, kind);
+        if (!property || !HasKind(property->kinds, kind))
             return t.Refuse({"Error", "A " + std::string(KindWord(kind)) + " has no property \"" +
                                           std::string(key) + "\"."});
         std::string value(typedValue);

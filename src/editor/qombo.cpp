@@ -69,34 +69,23 @@ std::string FreeStem(const ProjectModel &model, const std::vector<Part> &parts) 
 } // namespace
 
 Outcome AddQombo(ProjectModel &model, std::string_view tool, int type, Position at) {
-    Outcome whole{Change("Add Qombo"), std::nullopt, {}};
-    if (type < 1 || type > kQomboTypes)
-        return {{}, Message{"Error", "A qombo is of type 1 to 7."}, {}};
+    Transaction t(model, "Add Qombo");
+    if (type < 1 || type > kQomboTypes) return t.Refuse({"Error", "A qombo is of type 1 to 7."});
     const std::vector<Part> &parts = Layout(type);
     const std::string stem = FreeStem(model, parts);
     for (const Part &part : parts) {
-        Outcome added = AddElement(model, tool, part.kind, stem + std::string(part.name),
-                                   {at.left + part.left, at.top + part.top});
-        if (added.refused()) {
-            whole.change.Undo(model);
-            return {{}, added.refusal, {}};
-        }
-        whole.change.Append(std::move(added.change));
-        const std::string name = std::string(KindWord(part.kind)) + stem + std::string(part.name);
-        const std::vector<std::string> element{name};
-        for (const auto &[key, value] :
-             {std::pair<std::string_view, std::string>{"width", IntText(part.width)},
-              {"height", IntText(part.height)}}) {
-            Outcome sized = SetElementProperty(model, element, key, value);
-            whole.change.Append(std::move(sized.change));
-        }
-        if (part.kind == K::Button || part.kind == K::Label || part.kind == K::Text) {
-            Outcome captioned = SetElementProperty(
-                model, element, part.kind == K::Text ? "text" : "caption", part.caption);
-            whole.change.Append(std::move(captioned.change));
-        }
+        if (auto refusal = t.Take(AddElement(model, tool, part.kind, stem + std::string(part.name),
+                                             {at.left + part.left, at.top + part.top})))
+            return t.Refuse(*refusal);
+        const std::vector<std::string> element{std::string(KindWord(part.kind)) + stem +
+                                               std::string(part.name)};
+        t.Take(SetElementProperty(model, element, "width", IntText(part.width)));
+        t.Take(SetElementProperty(model, element, "height", IntText(part.height)));
+        if (part.kind == K::Button || part.kind == K::Label || part.kind == K::Text)
+            t.Take(SetElementProperty(model, element, part.kind == K::Text ? "text" : "caption",
+                                      part.caption));
     }
-    return whole;
+    return t.Commit();
 }
 
 } // namespace orrery

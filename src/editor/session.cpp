@@ -6,8 +6,6 @@
 
 #include "editor/sequences.h"
 #include "foundation/codepage.h"
-#include "foundation/convert.h"
-#include "foundation/textfile.h"
 #include "foundation/text.h"
 #include "project/loader.h"
 
@@ -33,20 +31,6 @@ std::optional<Message> UnwritableInfo(const NewProjectInfo &info) {
     return std::nullopt;
 }
 
-// The menu's saved form size as the file holds it. The reader passes these keys over and
-// takes the screen's size, which a save then records; until the menu designer sets them, the
-// editor keeps the file's, so that opening a project on another screen changes nothing.
-void KeepMenuFormSize(ProjectModel &model, const std::filesystem::path &file) {
-    const std::string bytes = ReadFileBytes(file).value_or("");
-    ForEachLine(bytes, [&](std::string_view line) {
-        const std::string key = NormText(FieldAt(line, 1));
-        const auto value = RoundToInt32(Val(FieldAt(line, 2)));
-        if (!value || model.scrambled) return;
-        if (key == "mymenufullwidth") model.settings.mymenufullwidth = *value;
-        if (key == "mymenufullheight") model.settings.mymenufullheight = *value;
-    });
-}
-
 } // namespace
 
 Outcome SetProjectInfo(ProjectModel &model, const NewProjectInfo &info) {
@@ -59,16 +43,10 @@ Outcome SetProjectInfo(ProjectModel &model, const NewProjectInfo &info) {
         {"myprojectemail", Trim(info.email)},
         {"myprojectdescription", ReplaceAll(Trim(info.description), kLineBreakInField, "//")},
     };
-    Change step("Change Project Settings");
-    for (const auto &[key, value] : fields) {
-        Outcome one = SetSetting(model, key, value);
-        if (one.refused()) {
-            step.Undo(model);
-            return {Change(), one.refusal, {}};
-        }
-        step.Append(std::move(one.change));
-    }
-    return {std::move(step), std::nullopt, {}};
+    Transaction t(model, "Change Project Settings");
+    for (const auto &[key, value] : fields)
+        if (auto refusal = t.Take(SetSetting(model, key, value))) return t.Refuse(*refusal);
+    return t.Commit();
 }
 
 NewProjectInfo ProjectInfo(const ProjectModel &model) {
@@ -103,7 +81,11 @@ std::optional<Message> EditorSession::Open(std::string_view name) {
     auto model = std::make_unique<ProjectModel>();
     const LoadReport report = LoadProject(*model, m_paths, name, m_screen);
     if (!report.found) return kInvalidProject;
-    KeepMenuFormSize(*model, *m_paths.ProjectFile(name));
+    // The reader gives the menu the screen's size, which a save records; until the menu
+    // designer sets it, the editor keeps the file's, so opening a project on another screen
+    // changes nothing.
+    if (report.savedMenuWidth > 0) model->settings.mymenufullwidth = report.savedMenuWidth;
+    if (report.savedMenuHeight > 0) model->settings.mymenufullheight = report.savedMenuHeight;
     m_model = std::move(model);
     m_status.clear();
     return std::nullopt;

@@ -200,4 +200,20 @@ std::string NumberText(double value) {
     return std::string(buffer, result.ptr);
 }
 
+std::optional<std::int64_t> ParseWholeNumber(std::string_view text) {
+    std::int64_t value = 0;
+    const char *end = text.data() + text.size();
+    const auto [stop, failure] = std::from_chars(text.data(), end, value);
+    if (text.empty() || failure != std::errc() || stop != end) return std::nullopt;
+    return value;
+}
+
+std::optional<std::int32_t> ParseWholeNumber32(std::string_view text) {
+    const auto value = ParseWholeNumber(text);
+    if (!value || *value < std::numeric_limits<std::int32_t>::min() ||
+        *value > std::numeric_limits<std::int32_t>::max())
+        return std::nullopt;
+    return static_cast<std::int32_t>(*value);
+}
+
 } // namespace orrery

@@ -28,6 +28,11 @@ double IntFloor(double value);
 // nullopt is a type mismatch or an overflow.
 std::optional<std::int16_t> ToInt16(std::string_view text);
 std::optional<std::int32_t> ToInt32(std::string_view text);
+// A whole number written as decimal digits with an optional leading "-", and nothing else:
+// no blanks, no point, no sign "+"; nullopt otherwise or when it overflows.
+std::optional<std::int64_t> ParseWholeNumber(std::string_view text);
+// The same within the range of a 32-bit integer.
+std::optional<std::int32_t> ParseWholeNumber32(std::string_view text);
 // "True" or "False" in any case, or a number (0 is false); nullopt otherwise.
 std::optional<bool> ToBoolean(std::string_view text);
 

@@ -194,12 +194,16 @@ std::span<const ElementProperty> ElementProperties() {
 const ElementProperty *FindElementProperty(std::string_view key, ElementKind kind) {
     const std::string wanted = NormText(key);
     const ElementProperty *first = nullptr;
+    const ElementProperty *marker = nullptr; // "text" is a kind as well as a text box's content
     for (const ElementProperty &property : kProperties) {
         if (property.key != wanted) continue;
-        if (kind == K::Other || HasKind(property.kinds, kind)) return &property;
         if (!first) first = &property;
+        if (kind == K::Other) return &property;
+        if (!HasKind(property.kinds, kind)) continue;
+        if (property.value != V::KindNumber) return &property;
+        marker = &property;
     }
-    return first;
+    return marker ? marker : first;
 }
 
 void ApplyProperty(ElementControl &control, std::string_view key, std::string_view value,

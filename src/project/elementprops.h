@@ -93,8 +93,9 @@ struct ElementProperty {
 
 // Every key, in column order.
 std::span<const ElementProperty> ElementProperties();
-// The row of a key (any case, blanks allowed) as a control of that kind has it; with kind
-// Other, or when no row names the kind, the key's first row. nullptr for an unknown key.
+// The row of a key (any case, blanks allowed) as a control of that kind has it, a property
+// before the kind's own marker ("text" on a text box is its content); with kind Other, or
+// when no row names the kind, the key's first row. nullptr for an unknown key.
 const ElementProperty *FindElementProperty(std::string_view key,
                                            ElementKind kind = ElementKind::Other);
 

@@ -102,22 +102,25 @@ void ReadSetting(ProjectSettings &settings, const SettingKey &key, std::string_v
         key.member);
 }
 
+std::string SettingValueText(const ProjectSettings &settings, const SettingKey &key) {
+    return std::visit(
+        [&](auto member) -> std::string {
+            const auto &value = settings.*member;
+            using Value = std::remove_cvref_t<decltype(value)>;
+            if constexpr (std::is_same_v<Value, std::string>)
+                return key.code == ValueCode::L ? ReplaceAll(value, "\r\n", "//") : value;
+            else if constexpr (std::is_same_v<Value, bool>)
+                return BoolText(value);
+            else
+                return IntText(value);
+        },
+        key.member);
+}
+
 void WriteSetting(std::string &out, const ProjectSettings &settings, const SettingKey &key) {
     out += key.written;
     out += ':';
-    std::visit(
-        [&](auto member) {
-            const auto &value = settings.*member;
-            using Value = std::remove_cvref_t<decltype(value)>;
-            if constexpr (std::is_same_v<Value, std::string>) {
-                out += key.code == ValueCode::L ? ReplaceAll(value, "\r\n", "//") : value;
-            } else if constexpr (std::is_same_v<Value, bool>) {
-                out += BoolText(value);
-            } else {
-                out += IntText(value);
-            }
-        },
-        key.member);
+    out += SettingValueText(settings, key);
     out += "\r\n";
 }
 

@@ -46,6 +46,8 @@ const SettingKey *FindSettingKey(std::string_view name);
 
 // Applies one line to the setting. A value that fails to convert leaves the setting as it was.
 void ReadSetting(ProjectSettings &settings, const SettingKey &key, std::string_view line);
+// The setting's value as the file writes it.
+std::string SettingValueText(const ProjectSettings &settings, const SettingKey &key);
 // Appends "<key>:<value>" and CRLF.
 void WriteSetting(std::string &out, const ProjectSettings &settings, const SettingKey &key);
 

@@ -35,6 +35,7 @@ struct Reader {
     int toolSubCursor = 1;
     std::string key;         // the key of the line in hand, in its comparison form
     std::string unscrambled; // the line in hand of a scrambled file
+    LoadReport *report = nullptr; // takes the keys the model passes over
     // Records come in runs of one key, so the key of the last record is tried first.
     const RecordKey *lastRecord = nullptr;
 };
@@ -241,6 +242,9 @@ void TreatLine(Reader &r, std::string_view line, std::size_t colon) {
         TreatMenuLabelLine(r, *field, line);
     } else if (const SettingKey *setting = FindSettingKey(key)) {
         ReadSetting(r.model.settings, *setting, line);
+    } else if (r.report && (key == "mymenufullwidth" || key == "mymenufullheight")) {
+        const std::int32_t value = RoundToInt32(Val(FieldAt(line, 2))).value_or(0);
+        (key == "mymenufullwidth" ? r.report->savedMenuWidth : r.report->savedMenuHeight) = value;
     }
 }
 
@@ -259,10 +263,11 @@ void FinishLoading(ProjectModel &m, const HostScreen &screen) {
 } // namespace
 
 std::size_t LoadProjectText(ProjectModel &model, std::string_view name, std::string_view bytes,
-                            const HostScreen &screen) {
+                            const HostScreen &screen, LoadReport *report) {
     model.settings.myprojectname = std::string(name);
     model.scrambled = false;
     Reader reader{model};
+    reader.report = report;
     std::size_t count = 0;
     ForEachLine(bytes, [&](std::string_view line) {
         if (model.scrambled) {
@@ -292,7 +297,8 @@ LoadReport LoadProject(ProjectModel &model, const AppPaths &paths, std::string_v
     else if (!report.found)
         report.error =
             file->string() + ": cannot read the project file: " + std::string(ReadErrorText(error));
-    report.lines = LoadProjectText(model, name, bytes ? *bytes : std::string_view{}, screen);
+    report.lines =
+        LoadProjectText(model, name, bytes ? *bytes : std::string_view{}, screen, &report);
     return report;
 }
 

@@ -14,6 +14,10 @@ struct LoadReport {
     bool found = false;    // the project file could be read
     std::string error;     // why not, for a person: "<file>: no such project", or why unreadable
     std::size_t lines = 0; // lines treated
+    // The menu designer's form size as the file holds it; 0 where it holds none. The model
+    // takes the screen's instead.
+    std::int32_t savedMenuWidth = 0;
+    std::int32_t savedMenuHeight = 0;
 };
 
 // Reads the project of that name into the model, which only ever grows: nothing is cleared,
@@ -23,9 +27,9 @@ struct LoadReport {
 LoadReport LoadProject(ProjectModel &model, const AppPaths &paths, std::string_view name,
                        const HostScreen &screen = {});
 
-// The same from the bytes of a project file already in memory.
+// The same from the bytes of a project file already in memory; with a report, its menu size.
 std::size_t LoadProjectText(ProjectModel &model, std::string_view name, std::string_view bytes,
-                            const HostScreen &screen = {});
+                            const HostScreen &screen = {}, LoadReport *report = nullptr);
 
 inline constexpr std::string_view kDefaultTopMenu =
     "File//-Exit=exit//Edit//-Cut=cut//-Copy=copy//-Paste=paste";

@@ -7,6 +7,7 @@
 #include "editor/tools.h"
 #include "editor/words.h"
 #include "foundation/codepage.h"
+#include "foundation/convert.h"
 #include "foundation/paths.h"
 #include "foundation/random.h"
 #include "foundation/text.h"
@@ -14,7 +15,6 @@
 #include "project/loader.h"
 #include "project/saver.h"
 
-#include <charconv>
 #include <functional>
 #include <iostream>
 #include <iterator>
@@ -36,10 +36,10 @@ struct Operation {
 };
 
 std::optional<ElementKind> KindByWord(std::string_view word) {
-    for (ElementKind kind : {ElementKind::Button, ElementKind::Label, ElementKind::List,
-                             ElementKind::Text, ElementKind::Image, ElementKind::Qonsole})
-        if (NormText(word) == KindWord(kind)) return kind;
-    return std::nullopt;
+    const std::string name = NormText(word);
+    const ElementKind kind = KindOfName(name);
+    if (kind == ElementKind::Other || KindWord(kind) != name) return std::nullopt;
+    return kind;
 }
 
 const Message kNotAKind{"Error",
@@ -55,14 +55,6 @@ Outcome Refused(const Message &message) {
     return {{}, message, {}};
 }
 
-// A whole number, possibly negative, or nullopt.
-std::optional<int> Signed(std::string_view word) {
-    int n = 0;
-    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), n);
-    if (error != std::errc() || end != word.data() + word.size() || word.empty())
-        return std::nullopt;
-    return n;
-}
 
 Outcome AddElementWords(ProjectModel &m, Words w) {
     const auto kind = KindByWord(w[1]);
@@ -70,7 +62,7 @@ Outcome AddElementWords(ProjectModel &m, Words w) {
     Position at;
     if (w.size() == 4) return Refused(kNotAPosition);
     if (w.size() == 5) {
-        const auto left = Signed(w[3]), top = Signed(w[4]);
+        const auto left = ParseWholeNumber32(w[3]), top = ParseWholeNumber32(w[4]);
         if (!left || !top) return Refused(kNotAPosition);
         at = {*left, *top};
     }
@@ -119,7 +111,7 @@ const std::vector<Operation> &Operations() {
          }},
         {"move", "DX DY ELEMENT...", "move elements by a distance in twips, as a drag does", 3, -1,
          [](ProjectModel &m, Words w) {
-             const auto dx = Signed(w[0]), dy = Signed(w[1]);
+             const auto dx = ParseWholeNumber32(w[0]), dy = ParseWholeNumber32(w[1]);
              if (!dx || !dy) return Refused(kNotADistance);
              return MoveElements(m, Rest(w.subspan(2)), *dx, *dy);
          }},
@@ -143,7 +135,7 @@ const std::vector<Operation> &Operations() {
          }},
         {"add-qombo", "TOOL TYPE LEFT TOP", "a ready-made group of elements, type 1 to 7", 4, 4,
          [](ProjectModel &m, Words w) {
-             const auto type = Signed(w[1]), left = Signed(w[2]), top = Signed(w[3]);
+             const auto type = ParseWholeNumber32(w[1]), left = ParseWholeNumber32(w[2]), top = ParseWholeNumber32(w[3]);
              if (!type || !left || !top) return Refused(kNotAPosition);
              return AddQombo(m, w[0], *type, {*left, *top});
          }},
@@ -203,10 +195,10 @@ const std::vector<Operation> &Operations() {
          }},
         {"edit-server", "N RECORD", "custom server N (1 for the first) as a whole record", 2, 2,
          [](ProjectModel &m, Words w) {
-             return EditCustomServer(m, Signed(w[0]).value_or(0), w[1]);
+             return EditCustomServer(m, ParseWholeNumber32(w[0]).value_or(0), w[1]);
          }},
         {"remove-server", "N", "custom server N (1 for the first)", 1, 1,
-         [](ProjectModel &m, Words w) { return RemoveCustomServer(m, Signed(w[0]).value_or(0)); }},
+         [](ProjectModel &m, Words w) { return RemoveCustomServer(m, ParseWholeNumber32(w[0]).value_or(0)); }},
     };
     return operations;
 }

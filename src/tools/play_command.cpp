@@ -18,7 +18,6 @@
 #include "session/profilescreen.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdio>
 #include <fstream>
 #include <functional>
@@ -59,11 +58,8 @@ constexpr std::size_t kShortText = 40;
 // the script's error naming the command and what it takes.
 std::optional<std::int64_t> WholeNumber(Script &s, std::string_view command, std::string_view text,
                                         std::int64_t low, std::int64_t high) {
-    std::int64_t value = 0;
-    const char *end = text.data() + text.size();
-    const auto [stop, failure] = std::from_chars(text.data(), end, value);
-    if (!text.empty() && failure == std::errc() && stop == end && value >= low && value <= high)
-        return value;
+    const auto value = ParseWholeNumber(text);
+    if (value && *value >= low && *value <= high) return value;
     s.error = std::string(command) + ": \"" + std::string(text) + "\" is not a whole number from " +
               IntText(low) + " to " + IntText(high);
     return std::nullopt;
