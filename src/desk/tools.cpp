@@ -14,7 +14,6 @@ namespace orrery {
 
 namespace {
 
-
 void Centre(Game &game, ToolBox &box) {
     box.left = game.desk.formWidth / 2 - box.width / 2 - 240;
     box.top = game.desk.formHeight / 2 - box.height / 2;
@@ -31,31 +30,16 @@ void LoadToolElements(Game &game, int n) {
     };
     for (const DesignedControl &designed : design.controls) {
         pumpUpTo(designed.row);
-        ElementControl &control =
-            game.desk.LoadControl(designed.row, designed.control.tag, designed.control.kind);
-        control = designed.control;
-        control.box = n;
+        PlaceDesignedControl(game.desk, n, designed);
         game.project.Element(designed.row)[kRowNumberColumn] = IntText(designed.row);
-        if (control.kind == ElementKind::Qonsole) {
-            CreateQonsole(game.desk.consoles, designed.row, control.commandList);
-            PrintQonsole(game.desk.consoles, designed.row, "Welcome to this console");
-        }
     }
     pumpUpTo(design.lastRowScanned);
-    if (design.width > 0) box.width = design.width;
-    if (design.height > 0) box.height = design.height;
+    SizeToolBox(box, design);
 }
 
 void Impose(Game &game, int n, const std::string &caption) {
     Desk &desk = game.desk;
-    const ToolBox &box = desk.Box(n);
-    ToolChrome chrome;
-    chrome.box = n;
-    chrome.caption = caption;
-    chrome.tag = LowerCase(caption);
-    chrome.midWidth = std::max(0, box.width - 1440);
-    chrome.border = game.project.settings.mytoolsborder;
-    desk.Chrome.push_back(chrome);
+    desk.Chrome.push_back(DressTool(game.project.settings, n, desk.Box(n).width, caption));
     const int c = static_cast<int>(desk.Chrome.size()) - 1;
     if (c <= kToolboxes) desk.OpenTools[static_cast<std::size_t>(c)] = n;
 }
@@ -80,7 +64,6 @@ void MakeNew(Game &game, int entry) {
     box.tag = side.tag;
     box.backColor = game.project.settings.mytoolsbackcolor;
     LoadToolElements(game, n);
-    box.width = std::max(box.width, kChromeRightWidth + 720);
     Impose(game, n, side.caption);
     if (desk.OpenToolList.empty()) desk.OpenToolList = ":";
     desk.OpenToolList += side.tag + ":";
@@ -122,6 +105,34 @@ DesignedTool BuildToolControls(const ProjectModel &project, std::string_view too
     if (right > 0) design.width = right;
     if (bottom > 0) design.height = bottom + 120 + kTitleBarHeight;
     return design;
+}
+
+ElementControl &PlaceDesignedControl(Desk &desk, int n, const DesignedControl &designed) {
+    ElementControl &control = desk.LoadControl(designed.row, designed.control.tag, designed.control.kind);
+    control = designed.control;
+    control.box = n;
+    if (control.kind == ElementKind::Qonsole) {
+        CreateQonsole(desk.consoles, designed.row, control.commandList);
+        PrintQonsole(desk.consoles, designed.row, "Welcome to this console");
+    }
+    return control;
+}
+
+void SizeToolBox(ToolBox &box, const DesignedTool &design) {
+    if (design.width > 0) box.width = design.width;
+    if (design.height > 0) box.height = design.height;
+    box.width = std::max(box.width, kChromeRightWidth + 720);
+}
+
+ToolChrome DressTool(const ProjectSettings &settings, int n, std::int32_t width,
+                     const std::string &caption) {
+    ToolChrome chrome;
+    chrome.box = n;
+    chrome.caption = caption;
+    chrome.tag = LowerCase(caption);
+    chrome.midWidth = std::max(0, width - 1440);
+    chrome.border = settings.mytoolsborder;
+    return chrome;
 }
 
 void LoadSideMenu(Game &game) {

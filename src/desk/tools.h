@@ -12,6 +12,7 @@ namespace orrery {
 
 struct Game;
 struct ProjectModel;
+struct ProjectSettings;
 
 // A tool's rows are looked for up to this row; the last rows of the table never show.
 inline constexpr int kLastToolRow = 1495;
@@ -34,6 +35,15 @@ struct DesignedTool {
 // property applied and labels padded: what the run-time shows at the tool's first opening and
 // what an editor previews. Reads the model only.
 DesignedTool BuildToolControls(const ProjectModel &project, std::string_view tool);
+// Gives a designed control its place in toolbox n of the desk; a console gets its column and
+// its welcome line.
+ElementControl &PlaceDesignedControl(Desk &desk, int n, const DesignedControl &designed);
+// Sizes a panel round its design: as far as the elements reach, never narrower than the title
+// bar's two ends.
+void SizeToolBox(ToolBox &box, const DesignedTool &design);
+// The chrome that dresses toolbox n, a panel of that width, under the tool's caption.
+ToolChrome DressTool(const ProjectSettings &settings, int n, std::int32_t width,
+                     const std::string &caption);
 
 inline constexpr std::string_view kAllThatAreVisible = "ALL-THAT-ARE-VISIBLE";
 

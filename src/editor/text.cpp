@@ -38,4 +38,36 @@ std::string StorableSequence(std::string_view statements) {
     return text;
 }
 
+namespace {
+
+// Calls take with each piece of the text between separators.
+template <typename Take> void EachPiece(std::string_view text, char separator, Take take) {
+    for (std::size_t from = 0;;) {
+        const std::size_t to = text.find(separator, from);
+        take(text.substr(from, to == std::string_view::npos ? std::string_view::npos : to - from));
+        if (to == std::string_view::npos) return;
+        from = to + 1;
+    }
+}
+
+} // namespace
+
+std::string SequenceLines(std::string_view stored) {
+    std::string lines;
+    EachPiece(stored, '`', [&lines](std::string_view statement) {
+        const std::string trimmed = Trim(statement);
+        if (!trimmed.empty()) lines += trimmed + "\n";
+    });
+    return lines;
+}
+
+std::string SequenceFromLines(std::string_view lines) {
+    std::string stored;
+    EachPiece(lines, '\n', [&stored](std::string_view line) {
+        const std::string trimmed = Trim(ReplaceAll(line, "\r", ""));
+        if (!trimmed.empty()) stored += trimmed + "`";
+    });
+    return stored;
+}
+
 } // namespace orrery

@@ -20,4 +20,9 @@ std::optional<Message> UnwritableValue(std::string_view value);
 // file can't keep inside a field, written as a semicolon.
 std::string StorableSequence(std::string_view statements);
 
+// A stored sequence as lines of text, one statement a line, for an author to edit.
+std::string SequenceLines(std::string_view stored);
+// Lines of text as a stored sequence: each non-empty line trimmed and closed by a back-quote.
+std::string SequenceFromLines(std::string_view lines);
+
 } // namespace orrery

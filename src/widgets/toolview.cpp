@@ -107,6 +107,12 @@ void ToolView::syncElements() {
     std::map<int, ElementView *> kept;
     for (const auto &[row, control] : m_host.elements(m_box)) {
         ElementView *view = kept.count(row) ? kept[row] : element(row);
+        // An editor closes rows up when an element goes: another element may come to a row.
+        if (view && view->widget()->objectName() != ToQString(control->tag)) {
+            delete view->widget();
+            m_elements.erase(row);
+            view = nullptr;
+        }
         if (!view) {
             view = MakeElementView(m_host, row, *control, this);
             if (!view) continue;
