@@ -219,6 +219,11 @@ std::int32_t Twips(const ElementRow &row, std::string_view key) {
 
 } // namespace
 
+std::int32_t SnapToGrid(std::int32_t twips) {
+    const std::int32_t off = ((twips + 80) % kNudge + kNudge) % kNudge;
+    return twips - off;
+}
+
 std::string CleanElementName(std::string_view typed) {
     std::string name = NormText(typed);
     for (std::string_view word : {"button", "label", "image", "list", "text"})

@@ -22,6 +22,10 @@ struct Position {
     std::int32_t top = 0;
 };
 
+// Where a dragged element or qombo marker comes to rest: on a 120-twip grid whose lines stand
+// 40 twips in (40, 160, 280...; -80 below zero). A position typed by hand is not snapped.
+std::int32_t SnapToGrid(std::int32_t twips);
+
 // The name as an author typed it, made an element's: name form, the kind words taken out,
 // punctuation stripped.
 std::string CleanElementName(std::string_view typed);

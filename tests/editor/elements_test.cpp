@@ -28,6 +28,12 @@ TEST(ElementNames, TheKindWordGoesBeforeTheCleanedName) {
     for (const auto &[typed, clean] : rows) EXPECT_EQ(CleanElementName(typed), clean) << typed;
 }
 
+TEST(SnapToGrid, ComesToRestOnTheLinesFortyIn) {
+    const std::pair<std::int32_t, std::int32_t> rows[] = {
+        {40, 40}, {100, 40}, {159, 40}, {160, 160}, {0, -80}, {-1, -80}, {-81, -200}, {1234, 1120}};
+    for (const auto &[at, rest] : rows) EXPECT_EQ(SnapToGrid(at), rest) << at;
+}
+
 TEST(AddElement, RulesAndWords) {
     struct Row {
         const char *tool;

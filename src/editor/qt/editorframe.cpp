@@ -5,6 +5,7 @@
 #include "editor/qt/helpviewer.h"
 #include "editor/qt/hub.h"
 #include "editor/qt/shellparts.h"
+#include "editor/qt/tooleditor.h"
 #include "editor/qt/wizard.h"
 #include "editor/session.h"
 #include "widgets/look.h"
@@ -142,6 +143,7 @@ void EditorFrame::ShowHub() {
     if (m_hub) return m_area->setActiveSubWindow(m_hub);
     auto *hub = new EditorHub;
     connect(hub, &EditorHub::settingsRequested, this, &EditorFrame::ShowSettings);
+    connect(hub, &EditorHub::toolsRequested, this, &EditorFrame::ShowTools);
     connect(hub, &EditorHub::exitRequested, this, &EditorFrame::ExitEditor);
     m_hub = Present(hub);
 }
@@ -164,6 +166,17 @@ void EditorFrame::ShowSettings() {
     m_settings = Present(page);
 }
 
+void EditorFrame::ShowTools() {
+    if (!m_session.IsOpen()) return;
+    if (m_tools) return m_area->setActiveSubWindow(m_tools);
+    auto *editor = new ToolEditor({&m_session, [this](Outcome outcome) { return Apply(std::move(outcome)); }});
+    connect(this, &EditorFrame::projectChanged, editor, &ToolEditor::Reload);
+    m_tools = Present(editor);
+    // The workshop takes the whole area; the author may make it smaller.
+    m_tools->setGeometry(QRect(QPoint(0, 0), m_area->size()));
+    m_tools->setProperty(kPlacedAt, QPoint(-1, -1));
+}
+
 void EditorFrame::ExitEditor() {
     m_session.Exit();
     m_exited = true;
@@ -183,6 +196,10 @@ ProjectWizard *EditorFrame::wizard() const {
 
 EditorHub *EditorFrame::hub() const {
     return FormOf<EditorHub>(m_hub);
+}
+
+ToolEditor *EditorFrame::tools() const {
+    return FormOf<ToolEditor>(m_tools);
 }
 
 HelpViewer *EditorFrame::help() const {

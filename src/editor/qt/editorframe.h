@@ -20,6 +20,7 @@ class EditorSession;
 class EditorHub;
 class HelpViewer;
 class ProjectWizard;
+class ToolEditor;
 
 class EditorFrame : public QMainWindow {
     Q_OBJECT
@@ -38,6 +39,8 @@ public:
     void ShowMenu();
     void ShowHelp();
     void ShowSettings();
+    // The hub's Tools and Menus: the tool editor, over the whole frame.
+    void ShowTools();
     // The menu's and the hub's Exit: a backup, the plain save, and the frame closes.
     void ExitEditor();
 
@@ -45,6 +48,7 @@ public:
     ProjectWizard *wizard() const;
     EditorHub *hub() const;
     HelpViewer *help() const;
+    ToolEditor *tools() const;
 
 signals:
     // The model has changed by a step, its undo or its redo.
@@ -71,6 +75,7 @@ private:
     QPointer<QMdiSubWindow> m_hub;
     QPointer<QMdiSubWindow> m_help;
     QPointer<QMdiSubWindow> m_settings;
+    QPointer<QMdiSubWindow> m_tools;
     bool m_exited = false;
 };
 

@@ -12,6 +12,7 @@ public:
 
 signals:
     void settingsRequested();
+    void toolsRequested();
     void exitRequested();
 };
 

@@ -1,0 +1,101 @@
+// The tool editor's preview: the selected tool drawn by the run-time's views at the run-time's
+// scale, on which the author selects elements (a click, Ctrl and a click, a rubber band), drags
+// them with the grid's snap, nudges and sizes them with the arrow keys, deletes them, copies
+// and pastes their properties and lines them up. Each gesture is one step of the editor.
+#pragma once
+
+#include "editor/elements.h"
+#include "editor/qt/editorcontext.h"
+#include "editor/qt/previewhost.h"
+
+#include <QPoint>
+#include <QRect>
+#include <QWidget>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace orrery {
+
+class ToolView;
+class SelectionLayer;
+
+class ToolCanvas : public QWidget {
+    Q_OBJECT
+public:
+    explicit ToolCanvas(EditorContext context, QWidget *parent = nullptr);
+    ~ToolCanvas() override;
+
+    // Shows the tool of that name, nothing selected; an empty name shows no tool.
+    void ShowTool(const std::string &tool);
+    const std::string &tool() const { return m_tool; }
+    // Draws the tool again from the model, keeping what is selected and still there.
+    void Reload();
+
+    // The stored names of the selected elements; the first is the one the others line up with.
+    const std::vector<std::string> &selection() const { return m_selection; }
+    void Select(std::vector<std::string> names);
+    void SelectAll();
+
+    // The gestures, as the keys and the tool editor's commands call them.
+    void Nudge(orrery::Nudge nudge);
+    void Align(orrery::Align align);
+    // Asks the question for one element or for several, then deletes.
+    void DeleteSelected();
+    void CopyProperties();
+    void PasteProperties();
+    bool HasCopiedProperties() const { return !m_copied.empty(); }
+
+    // Where the tool's panel stands and where an element stands, in the canvas's pixels.
+    QRect ToolRect() const;
+    QRect ElementRect(const std::string &name) const;
+    const PreviewHost &host() const { return m_host; }
+    ToolView *view() const { return m_view; }
+
+signals:
+    void selectionChanged();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    friend class SelectionLayer;
+    struct Grabbed {
+        std::int32_t left, top;
+    };
+    // The row of the element drawn topmost at a point of the canvas; 0 for none.
+    int RowAt(QPoint at) const;
+    std::string NameOf(int row) const;
+    QRect RowRect(int row) const;
+    bool Selected(const std::string &name) const;
+    void BeginDrag(QPoint at, const std::string &grabbed);
+    void DragTo(QPoint at);
+    void EndDrag();
+    void BandTo(QPoint at);
+    void Apply(Outcome outcome);
+    void Fit();
+
+    EditorContext m_context;
+    PreviewHost m_host;
+    ToolView *m_view = nullptr;
+    SelectionLayer *m_layer;
+    std::string m_tool;
+    std::vector<std::string> m_selection;
+    std::vector<std::string> m_copied; // "key:value" cells
+
+    // A gesture of the mouse under way.
+    enum class Gesture { None, Pressed, Dragging, Band } m_gesture = Gesture::None;
+    QPoint m_pressAt;
+    std::string m_grabbed;                      // the element the drag holds
+    std::map<std::string, Grabbed> m_dragFrom;  // where each selected element stood
+    std::int32_t m_dx = 0, m_dy = 0;            // the drag so far, snapped, in twips
+    QRect m_band;
+    std::vector<std::string> m_bandBase;        // the selection a Ctrl band adds to
+};
+
+} // namespace orrery

@@ -1,0 +1,309 @@
+// The tool editor's form.
+#include "editor/qt/tooleditor.h"
+
+#include "editor/elements.h"
+#include "editor/qt/shellparts.h"
+#include "editor/qt/toolcanvas.h"
+#include "editor/session.h"
+#include "editor/tools.h"
+#include "editor/words.h"
+#include "foundation/convert.h"
+#include "foundation/random.h"
+#include "foundation/text.h"
+#include "widgets/look.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace orrery {
+
+namespace {
+
+// The kinds an author adds, in the list's order.
+constexpr ElementKind kKinds[] = {ElementKind::Button, ElementKind::Label, ElementKind::List,
+                                  ElementKind::Text,   ElementKind::Image, ElementKind::Qonsole};
+constexpr const char *kKindCaptions[] = {"Button", "Label", "Option List",
+                                         "Text Input", "Image", "Qonsole"};
+
+// Where a new element stands: below the title bar on the grid, moved down and across past
+// any element already standing there, so that each new one shows.
+Position FreeSpot(const ProjectModel &model, const std::string &tool) {
+    Position at{SnapToGrid(160), SnapToGrid(600)};
+    const std::string tag = ToolTag(tool);
+    for (bool taken = true; taken;) {
+        taken = false;
+        for (int row = 1; row <= kElementRows && !taken; ++row) {
+            const ElementRow &element = model.Element(row);
+            if (!RowOfTool(element, tag)) continue;
+            taken = PropertyValue(element, "left") == IntText(at.left) &&
+                    PropertyValue(element, "top") == IntText(at.top);
+        }
+        if (taken) {
+            at.left += kNudge;
+            at.top += kNudge;
+        }
+    }
+    return at;
+}
+
+QPushButton *Button(const QString &caption, const char *name) {
+    auto *button = new QPushButton(caption);
+    button->setObjectName(name);
+    return button;
+}
+
+} // namespace
+
+ToolEditor::ToolEditor(EditorContext context, QWidget *parent)
+    : QWidget(parent), m_context(std::move(context)), m_tabs(new QTabWidget) {
+    setObjectName("frmTools");
+    setWindowTitle(tr("Tools and Menus"));
+    m_tabs->setObjectName("SSTab1");
+    m_tabs->setDocumentMode(true);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_tabs);
+    AddPage(MakeToolsPage(), tr("Tools and Elements"));
+    ReloadTools();
+    if (m_tools->count() > 0) m_tools->setCurrentRow(0);
+    UpdateCommands();
+}
+
+void ToolEditor::AddPage(QWidget *page, const QString &caption) {
+    m_tabs->addTab(page, caption);
+}
+
+QWidget *ToolEditor::MakeToolsPage() {
+    auto *split = new QSplitter(Qt::Horizontal);
+    split->setObjectName("ToolsPage");
+    split->addWidget(MakeSidebar());
+    split->addWidget(MakeDesignArea());
+    m_properties = new QWidget;
+    m_properties->setObjectName("PropertyPanel");
+    m_properties->setMinimumWidth(260);
+    m_properties->setMaximumWidth(420);
+    split->addWidget(m_properties);
+    split->setStretchFactor(1, 1);
+    split->setCollapsible(1, false);
+    split->setSizes({220, 760, 300});
+    return split;
+}
+
+QWidget *ToolEditor::MakeSidebar() {
+    auto *side = new QWidget;
+    side->setMinimumWidth(190);
+    side->setMaximumWidth(280);
+    auto *column = new QVBoxLayout(side);
+    column->setContentsMargins(8, 8, 4, 8);
+
+    auto *tools = new QGroupBox(tr("Tools"));
+    auto *toolColumn = new QVBoxLayout(tools);
+    m_tools = new QListWidget;
+    m_tools->setObjectName("List1");
+    toolColumn->addWidget(m_tools, 1);
+    auto *addRow = new QHBoxLayout;
+    m_newTool = new QLineEdit;
+    m_newTool->setObjectName("txtn");
+    m_newTool->setPlaceholderText(tr("New tool name"));
+    QPushButton *add = Button(tr("Add"), "cmdAddTool");
+    addRow->addWidget(m_newTool, 1);
+    addRow->addWidget(add);
+    toolColumn->addLayout(addRow);
+    QPushButton *remove = Button(tr("Remove Tool"), "cmdRemoveTool");
+    toolColumn->addWidget(remove);
+    column->addWidget(tools, 3);
+
+    auto *elements = new QGroupBox(tr("Elements"));
+    auto *elementColumn = new QVBoxLayout(elements);
+    m_kinds = new QListWidget;
+    m_kinds->setObjectName("List2");
+    for (const char *caption : kKindCaptions) m_kinds->addItem(tr(caption));
+    m_kinds->setMaximumHeight(m_kinds->sizeHintForRow(0) * 6 + 2 * m_kinds->frameWidth() + 4);
+    elementColumn->addWidget(m_kinds);
+    m_array = new QCheckBox(tr("Add as an array"));
+    m_array->setObjectName("Check8");
+    elementColumn->addWidget(m_array);
+    QPushButton *addElement = Button(tr("Add Element"), "Command7");
+    elementColumn->addWidget(addElement);
+    QPushButton *qombo = Button(tr("Qombo!..."), "cmdQombo");
+    elementColumn->addWidget(qombo);
+    column->addWidget(elements, 2);
+
+    connect(add, &QPushButton::clicked, this, &ToolEditor::AddTool);
+    connect(m_newTool, &QLineEdit::returnPressed, this, &ToolEditor::AddTool);
+    connect(remove, &QPushButton::clicked, this, &ToolEditor::RemoveTool);
+    connect(addElement, &QPushButton::clicked, this, &ToolEditor::AddElement);
+    connect(qombo, &QPushButton::clicked, this, &ToolEditor::AddQombo);
+    connect(m_tools, &QListWidget::currentRowChanged, this, &ToolEditor::ShowCurrentTool);
+    return side;
+}
+
+QWidget *ToolEditor::MakeDesignArea() {
+    auto *area = new QWidget;
+    auto *column = new QVBoxLayout(area);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_canvas = new ToolCanvas(m_context);
+    m_commands = new QToolBar;
+    m_commands->setObjectName("Commands");
+    const std::pair<QString, Align> aligns[] = {
+        {tr("Left"), Align::Left},           {tr("Top"), Align::Top},
+        {tr("Right"), Align::Right},         {tr("Bottom"), Align::Bottom},
+        {tr("Same Width"), Align::SameWidth}, {tr("Same Height"), Align::SameHeight}};
+    m_commands->addWidget(new QLabel(tr(" Align: ")));
+    for (const auto &[caption, how] : aligns) {
+        QAction *action = m_commands->addAction(caption, m_canvas, [this, how = how] {
+            m_canvas->Align(how);
+        });
+        action->setObjectName("align-" + caption.toLower().replace(' ', '-'));
+        action->setToolTip(tr("Line the selection up with the element it was chosen by"));
+    }
+    m_commands->addSeparator();
+    m_commands->addAction(tr("Copy Properties"), m_canvas, &ToolCanvas::CopyProperties)
+        ->setObjectName("copy-properties");
+    m_commands->addAction(tr("Paste Properties"), m_canvas, &ToolCanvas::PasteProperties)
+        ->setObjectName("paste-properties");
+    m_commands->addSeparator();
+    m_commands->addAction(tr("Delete"), m_canvas, &ToolCanvas::DeleteSelected)
+        ->setObjectName("delete-elements");
+    column->addWidget(m_commands);
+
+    auto *scroll = new QScrollArea;
+    scroll->setObjectName("PreviewArea");
+    scroll->setWidget(m_canvas);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    column->addWidget(scroll, 1);
+    connect(m_canvas, &ToolCanvas::selectionChanged, this, &ToolEditor::UpdateCommands);
+    return area;
+}
+
+void ToolEditor::UpdateCommands() {
+    const std::size_t selected = m_canvas->selection().size();
+    for (QAction *action : m_commands->actions()) {
+        const QString name = action->objectName();
+        if (name.startsWith("align-")) action->setEnabled(selected > 1);
+        else if (name == "paste-properties") action->setEnabled(selected > 0 && m_canvas->HasCopiedProperties());
+        else if (!name.isEmpty()) action->setEnabled(selected > 0);
+    }
+}
+
+std::string ToolEditor::CurrentTool() const {
+    const QListWidgetItem *item = m_tools->currentItem();
+    return item ? FromQString(item->text()) : std::string();
+}
+
+std::optional<ElementKind> ToolEditor::CurrentKind() const {
+    const int row = m_kinds->currentRow();
+    if (row < 0 || row >= static_cast<int>(std::size(kKinds))) return std::nullopt;
+    return kKinds[row];
+}
+
+void ToolEditor::Reload() {
+    ReloadTools();
+    m_canvas->Reload();
+    for (const auto &reload : m_reloads) reload();
+    UpdateCommands();
+}
+
+// The list of tools, the chosen one kept where it is still there.
+void ToolEditor::ReloadTools() {
+    if (!m_context.session || !m_context.session->IsOpen()) return;
+    const QString chosen = m_tools->currentItem() ? m_tools->currentItem()->text() : QString();
+    const int chosenRow = m_tools->currentRow();
+    QStringList names;
+    for (const std::string &name : ToolNames(m_context.session->model())) names << ToQString(name);
+    QStringList shown;
+    for (int i = 0; i < m_tools->count(); ++i) shown << m_tools->item(i)->text();
+    if (names == shown) return;
+    const QSignalBlocker quiet(m_tools);
+    m_tools->clear();
+    m_tools->addItems(names);
+    int row = names.indexOf(chosen);
+    if (row < 0 && !names.isEmpty()) row = std::clamp(chosenRow, 0, int(names.size()) - 1);
+    m_tools->setCurrentRow(row);
+    if (FromQString(m_tools->currentItem() ? m_tools->currentItem()->text() : QString()) !=
+        m_canvas->tool())
+        ShowCurrentTool();
+}
+
+void ToolEditor::ShowCurrentTool() {
+    m_canvas->ShowTool(CurrentTool());
+}
+
+void ToolEditor::AddTool() {
+    const std::string name = FromQString(m_newTool->text());
+    if (!m_context.apply(orrery::AddTool(m_context.session->model(), name))) return;
+    m_newTool->clear();
+    ReloadTools();
+    const auto found = m_tools->findItems(ToQString(Trim(name)), Qt::MatchExactly);
+    if (!found.isEmpty()) m_tools->setCurrentItem(found.back());
+}
+
+void ToolEditor::RemoveTool() {
+    const std::string tool = CurrentTool();
+    if (tool.empty()) return;
+    const Question &ask = words::kDeleteTool;
+    if (QMessageBox::question(this, ToQString(ask.title), ToQString(ask.text),
+                              QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
+        return;
+    m_context.apply(orrery::RemoveTool(m_context.session->model(), tool));
+}
+
+void ToolEditor::AddElement() {
+    const std::optional<ElementKind> kind = CurrentKind();
+    if (!kind) return ShowMessage(this, words::kNoKindChosen);
+    const std::string tool = CurrentTool();
+    if (tool.empty()) return ShowMessage(this, words::kNoToolChosen);
+    if (m_array->isChecked()) return AddArray(tool, *kind);
+    ProjectModel &model = m_context.session->model();
+    // A name too short or in use is refused, and asked for again.
+    for (;;) {
+        bool ok = false;
+        const QString typed = QInputDialog::getText(this, windowTitle(),
+                                                    ToQString(words::kElementNamePrompt),
+                                                    QLineEdit::Normal, QString(), &ok);
+        if (!ok || NormText(FromQString(typed)).empty()) return;
+        const std::string name = FromQString(typed);
+        Outcome outcome = orrery::AddElement(model, tool, *kind, name, FreeSpot(model, tool));
+        if (outcome.refused() && (*outcome.refusal == words::kElementNameInvalid ||
+                                  *outcome.refusal == words::kElementNameExists)) {
+            ShowMessage(this, *outcome.refusal);
+            continue;
+        }
+        if (m_context.apply(std::move(outcome))) {
+            m_canvas->Reload();
+            m_canvas->Select({std::string(KindWord(*kind)) + CleanElementName(name)});
+        }
+        return;
+    }
+}
+
+void ToolEditor::AddArray(const std::string &tool, ElementKind kind) {
+    bool ok = false;
+    const QString count =
+        QInputDialog::getText(this, ToQString(words::kArrayPromptTitle),
+                              ToQString(words::kArrayPrompt), QLineEdit::Normal, QString(), &ok);
+    if (!ok) return;
+    m_context.apply(orrery::AddArray(m_context.session->model(), tool, kind, FromQString(count),
+                                     ProcessRandom()));
+}
+
+void ToolEditor::AddQombo() {
+    if (CurrentTool().empty()) return ShowMessage(this, words::kNoToolChosen);
+}
+
+} // namespace orrery
