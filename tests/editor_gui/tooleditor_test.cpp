@@ -9,6 +9,13 @@
 #include "editor/words.h"
 #include "foundation/textfile.h"
 #include "gui/guitest.h"
+#include "foundation/preferences.h"
+#include "foundation/random.h"
+#include "runtime/desktopwindow.h"
+#include "runtime/qthost.h"
+#include "session/playsession.h"
+#include "actions/game.h"
+#include "desk/tools.h"
 #include "widgets/toolview.h"
 
 #include <QAction>
@@ -19,6 +26,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QUndoStack>
 #include <gtest/gtest.h>
 
@@ -57,7 +65,49 @@ struct ToolEditorGui : ::testing::Test {
         const int row = ElementRowByName(session.model(), element);
         return row ? PropertyValue(session.model().Element(row), key).value_or("") : "<gone>";
     }
-    QPoint CentreOf(const char *element) { return Canvas()->ElementRect(element).center(); }
+    QPoint CentreOf(const std::string &element) { return Canvas()->ElementRect(element).center(); }
+    void AddTool(const QString &name) {
+        QTest::keyClicks(Find<QLineEdit>("txtn"), name);
+        QTest::mouseClick(Find<QPushButton>("cmdAddTool"), Qt::LeftButton);
+    }
+    // Answers the input boxes that come while it acts, in order, and says Yes to the
+    // questions and OK to the messages, keeping their texts.
+    void Answering(std::vector<QString> answers, const std::function<void()> &act) {
+        QTimer poll;
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            QWidget *window = QApplication::activeModalWidget();
+            if (auto *input = qobject_cast<QInputDialog *>(window)) {
+                input->setTextValue(answers.empty() ? QString() : answers.front());
+                if (!answers.empty()) answers.erase(answers.begin());
+                input->accept();
+            } else if (auto *box = qobject_cast<QMessageBox *>(window)) {
+                told.push_back(box->text().toStdString());
+                if (QAbstractButton *yes = box->button(QMessageBox::Yes)) yes->click();
+                else box->accept();
+            }
+        });
+        poll.start(10);
+        act();
+    }
+    void AddElement(int kind, std::vector<QString> answers) {
+        Find<QListWidget>("List2")->setCurrentRow(kind);
+        Answering(std::move(answers),
+                  [this] { QTest::mouseClick(Find<QPushButton>("Command7"), Qt::LeftButton); });
+    }
+    void Drag(QPoint from, QPoint by) {
+        QTest::mousePress(Canvas(), Qt::LeftButton, {}, from);
+        for (int step = 1; step <= 4; ++step) {
+            const QPointF at = QPointF(from + by * step / 4);
+            QMouseEvent move(QEvent::MouseMove, at, Canvas()->mapToGlobal(at), Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(Canvas(), &move);
+        }
+        QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, from + by);
+    }
+    std::string FileBytes() {
+        return ReadFileBytes(*session.paths().ProjectFile("Night Shift")).value_or("");
+    }
+    std::vector<std::string> told; // the message boxes' texts
     void Shoot(const char *name) {
         QApplication::processEvents();
         test::Shot(&frame, name);
@@ -74,6 +124,102 @@ TEST_F(ToolEditorGui, ShowsTheDemoToolWithASelection) {
                       CentreOf(elements[1].second->tag.c_str()));
     EXPECT_EQ(Canvas()->selection().size(), 2u);
     Shoot("tool_editor.png");
+}
+
+TEST_F(ToolEditorGui, AToolBuiltFromNothingUndoesStepByStepAndPlaysAsPreviewed) {
+    const std::string before = FileBytes();
+    QUndoStack &undo = *frame.undoStack();
+    AddTool("Probe");
+    ASSERT_EQ(editor->CurrentTool(), "Probe");
+
+    AddElement(1, {"ab", "probestatus"}); // two letters are refused, and the name is asked again
+    EXPECT_EQ(told, std::vector<std::string>{words::kElementNameInvalid.text});
+    EXPECT_EQ(Canvas()->selection(), std::vector<std::string>{"labelprobestatus"});
+    AddElement(0, {"probego"});
+    AddElement(5, {"probelog"});
+    EXPECT_EQ(Cell("qonsoleprobelog", "commandlist"), words::kNewQonsoleCommands);
+    Find<QCheckBox>("Check8")->setChecked(true);
+    told.clear();
+    AddElement(1, {"13"});
+    AddElement(1, {"12"});
+    Find<QCheckBox>("Check8")->setChecked(false);
+    EXPECT_EQ(told, (std::vector<std::string>{words::kArrayTooBig.text, words::kArrayWarning.text}));
+    EXPECT_EQ(Canvas()->host().elements(1).size(), 15u);
+    const int built = undo.index();
+
+    // A drag comes to rest on the grid, one step however far it went.
+    Canvas()->Select({"labelprobestatus"});
+    ASSERT_EQ(Cell("labelprobestatus", "left"), "160");
+    Drag(CentreOf("labelprobestatus"), QPoint(37, 22)); // 555 and 330 twips
+    EXPECT_EQ(Cell("labelprobestatus", "left"), "640");
+    EXPECT_EQ(Cell("labelprobestatus", "top"), "880");
+    EXPECT_EQ(undo.index(), built + 1);
+    // Arrow keys nudge and Shift sizes; a run of the same nudge is one step.
+    QTest::keyClick(Canvas(), Qt::Key_Right);
+    QTest::keyClick(Canvas(), Qt::Key_Right);
+    QTest::keyClick(Canvas(), Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(Cell("labelprobestatus", "left"), "880");
+    EXPECT_EQ(undo.index(), built + 3);
+
+    // Properties copied from the label go onto the button; its place stays.
+    const std::string buttonLeft = Cell("buttonprobego", "left");
+    QTest::keyClick(Canvas(), Qt::Key_C, Qt::ControlModifier);
+    QTest::mouseClick(Canvas(), Qt::LeftButton, {}, CentreOf("buttonprobego"));
+    QTest::keyClick(Canvas(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Cell("buttonprobego", "height"), Cell("labelprobestatus", "height"));
+    EXPECT_EQ(Cell("buttonprobego", "left"), buttonLeft);
+    // Aligned with the element chosen first.
+    QTest::mouseClick(Canvas(), Qt::LeftButton, Qt::ControlModifier, CentreOf("labelprobestatus"));
+    Find<QAction>("align-left")->trigger();
+    EXPECT_EQ(Cell("labelprobestatus", "left"), buttonLeft);
+
+    // A rubber band round the qonsole alone, then Delete with its question.
+    const QRect log = Canvas()->ElementRect("qonsoleprobelog");
+    told.clear();
+    Answering({}, [&] {
+        Drag(log.topLeft() - QPoint(4, 4), QPoint(log.width() + 8, log.height() + 8));
+    });
+    ASSERT_EQ(Canvas()->selection(), std::vector<std::string>{"qonsoleprobelog"});
+    Answering({}, [&] { QTest::keyClick(Canvas(), Qt::Key_Delete); });
+    EXPECT_EQ(told, std::vector<std::string>{std::string(words::kDeleteElement.text)});
+    EXPECT_EQ(Cell("qonsoleprobelog", "left"), "<gone>");
+    // The Edit menu's Undo brings it back.
+    frame.findChild<QAction *>("mnuundo")->trigger();
+    EXPECT_EQ(Cell("qonsoleprobelog", "left"), "160");
+    Shoot("tool_editor_built.png");
+
+    // Every step undoes, to the file's first byte, and redoes to its last.
+    const std::string after = FileBytes();
+    const int last = undo.index();
+    while (undo.canUndo()) undo.undo();
+    EXPECT_EQ(FileBytes(), before);
+    while (undo.index() < last) undo.redo();
+    EXPECT_EQ(FileBytes(), after);
+
+    // The run-time opens the tool as the preview drew it.
+    ChooseTool("Probe");
+    QApplication::processEvents();
+    const QImage previewed = Canvas()->view()->grab().toImage();
+    PreferenceStore preferences(dir.path() / "prefs");
+    Random random(5);
+    QtHost host(session.paths(), preferences);
+    PlaySession play(session.paths(), host, random);
+    play.OpenProject("Night Shift");
+    ASSERT_TRUE(play.NewGame("Cy").ok);
+    DesktopWindow desktop(play, host);
+    desktop.resize(1280, 800);
+    desktop.show();
+    desktop.enter();
+    desktop.run([](Game &g) {
+        g.desk.message.visible = false;
+        OpenT(g, "Probe");
+    });
+    ToolView *played = desktop.toolView("probe");
+    ASSERT_NE(played, nullptr);
+    QApplication::processEvents();
+    test::Shot(played, "tool_played.png");
+    test::Shot(Canvas()->view(), "tool_previewed.png");
+    EXPECT_EQ(played->grab().toImage(), previewed);
 }
 
 } // namespace

@@ -4,10 +4,10 @@
 #include "editor/elements.h"
 #include "editor/qt/shellparts.h"
 #include "editor/qt/toolcanvas.h"
+#include "desk/tools.h"
 #include "editor/session.h"
 #include "editor/tools.h"
 #include "editor/words.h"
-#include "foundation/convert.h"
 #include "foundation/random.h"
 #include "foundation/text.h"
 #include "widgets/look.h"
@@ -38,25 +38,15 @@ constexpr ElementKind kKinds[] = {ElementKind::Button, ElementKind::Label, Eleme
 constexpr const char *kKindCaptions[] = {"Button", "Label", "Option List",
                                          "Text Input", "Image", "Qonsole"};
 
-// Where a new element stands: below the title bar on the grid, moved down and across past
-// any element already standing there, so that each new one shows.
+// Where a new element stands: on the grid at the left, below every element the tool has, so
+// that each new one shows on its own.
 Position FreeSpot(const ProjectModel &model, const std::string &tool) {
-    Position at{SnapToGrid(160), SnapToGrid(600)};
-    const std::string tag = ToolTag(tool);
-    for (bool taken = true; taken;) {
-        taken = false;
-        for (int row = 1; row <= kElementRows && !taken; ++row) {
-            const ElementRow &element = model.Element(row);
-            if (!RowOfTool(element, tag)) continue;
-            taken = PropertyValue(element, "left") == IntText(at.left) &&
-                    PropertyValue(element, "top") == IntText(at.top);
-        }
-        if (taken) {
-            at.left += kNudge;
-            at.top += kNudge;
-        }
-    }
-    return at;
+    std::int32_t below = 600;
+    for (const DesignedControl &designed : BuildToolControls(model, ToolTag(tool)).controls)
+        below = std::max(below, designed.control.top + designed.control.height + kNudge);
+    std::int32_t top = SnapToGrid(below);
+    if (top < below) top += kNudge;
+    return {SnapToGrid(160), top};
 }
 
 QPushButton *Button(const QString &caption, const char *name) {
