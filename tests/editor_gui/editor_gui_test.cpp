@@ -269,7 +269,7 @@ TEST_F(EditorGui, TheFrameOffersWhatExistsAndSaysWhatComesLater) {
     EXPECT_EQ(frame.hub()->windowTitle(), "Orrery Kit Menu");
     const std::pair<const char *, bool> buttons[] = {
         {"Command1", true},  {"Command2", true},  {"Command3", false}, {"Command4", false},
-        {"Command5", false}, {"Command6", false}, {"Command7", false}, {"Command8", false},
+        {"Command5", false}, {"Command6", true},  {"Command7", false}, {"Command8", false},
         {"Command9", false}};
     for (const auto &[name, enabled] : buttons) {
         QPushButton *button = frame.hub()->findChild<QPushButton *>(name);
