@@ -217,6 +217,29 @@ std::int32_t Twips(const ElementRow &row, std::string_view key) {
     return RoundToInt32(Val(PropertyValue(row, key).value_or("0"))).value_or(0);
 }
 
+// Spaces the rows evenly along one axis, in the order they stand: the first and the last stay,
+// and each gap between one element's far edge and the next one's near edge is the same. The
+// remainder of the division goes to the first gaps, a twip each.
+void Space(Transaction &t, std::vector<int> rows, std::string_view at, std::string_view size) {
+    if (rows.size() < 3) return;
+    const ProjectModel &model = t.model();
+    std::stable_sort(rows.begin(), rows.end(), [&](int a, int b) {
+        return Twips(model.Element(a), at) < Twips(model.Element(b), at);
+    });
+    std::int64_t sizes = 0;
+    for (int row : rows) sizes += Twips(model.Element(row), size);
+    const std::int64_t from = Twips(model.Element(rows.front()), at);
+    const std::int64_t to = Twips(model.Element(rows.back()), at) + Twips(model.Element(rows.back()), size);
+    const std::int64_t gaps = static_cast<std::int64_t>(rows.size()) - 1;
+    const std::int64_t room = to - from - sizes;
+    std::int64_t place = from;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (i > 0 && i + 1 < rows.size()) SetCell(t, rows[i], at, IntText(place));
+        const std::int64_t gap = room / gaps + (static_cast<std::int64_t>(i) < room % gaps ? 1 : 0);
+        place += Twips(model.Element(rows[i]), size) + gap;
+    }
+}
+
 } // namespace
 
 std::int32_t SnapToGrid(std::int32_t twips) {
@@ -339,7 +362,9 @@ std::optional<Align> AlignByWord(std::string_view word) {
         {"right", Align::Right},
         {"bottom", Align::Bottom},
         {"same-width", Align::SameWidth},
-        {"same-height", Align::SameHeight}};
+        {"same-height", Align::SameHeight},
+        {"space-across", Align::SpaceAcross},
+        {"space-down", Align::SpaceDown}};
     for (const auto &[name, align] : kWords)
         if (NormText(word) == name) return align;
     return std::nullopt;
@@ -355,6 +380,11 @@ Outcome AlignElements(ProjectModel &model, Align align, const std::vector<std::s
         return std::array<std::int32_t, 4>{Twips(e, "left"), Twips(e, "top"), Twips(e, "width"),
                                            Twips(e, "height")};
     };
+    if (align == Align::SpaceAcross || align == Align::SpaceDown) {
+        const bool across = align == Align::SpaceAcross;
+        Space(t, rows, across ? "left" : "top", across ? "width" : "height");
+        return t.Commit();
+    }
     const auto [left, top, width, height] = box(rows.front());
     for (int row : rows) {
         const std::int32_t w = box(row)[2], h = box(row)[3];
@@ -376,6 +406,8 @@ Outcome AlignElements(ProjectModel &model, Align align, const std::vector<std::s
             break;
         case Align::SameHeight:
             SetCell(t, row, "height", IntText(height));
+            break;
+        default:
             break;
         }
     }

@@ -60,10 +60,11 @@ Outcome NudgeElements(ProjectModel &model, Nudge nudge, const std::vector<std::s
 Outcome MoveElements(ProjectModel &model, const std::vector<std::string> &elements, std::int32_t dx,
                      std::int32_t dy);
 
-enum class Align { Left, Top, Right, Bottom, SameWidth, SameHeight };
-// The align word ("left", "same-width"...); nullopt for another word.
+enum class Align { Left, Top, Right, Bottom, SameWidth, SameHeight, SpaceAcross, SpaceDown };
+// The align word ("left", "same-width", "space-across"...); nullopt for another word.
 std::optional<Align> AlignByWord(std::string_view word);
-// Lines the named elements up with the first of them: an edge, or a size.
+// Lines the named elements up with the first of them: an edge, or a size. Or spaces three or
+// more evenly, across or down: the outermost two stay and the gaps between become equal.
 Outcome AlignElements(ProjectModel &model, Align align, const std::vector<std::string> &elements);
 
 // Deletes the named elements; the rows behind close up, as a reload would close them. The

@@ -116,13 +116,15 @@ const std::vector<Operation> &Operations() {
              return MoveElements(m, Rest(w.subspan(2)), *dx, *dy);
          }},
         {"align", "EDGE ELEMENT...",
-         "line elements up with the first: left, top, right, bottom, same-width, same-height", 2,
+         "line elements up with the first: left, top, right, bottom, same-width, same-height; "
+         "or space three or more evenly: space-across, space-down", 2,
          -1,
          [](ProjectModel &m, Words w) {
              const auto align = AlignByWord(w[0]);
              if (!align)
                  return Refused({"Error", "The edge is one of left, top, right, bottom, "
-                                          "same-width and same-height."});
+                                          "same-width, same-height, space-across and "
+                                          "space-down."});
              return AlignElements(m, *align, Rest(w.subspan(1)));
          }},
         {"delete", "ELEMENT...", "elements", 1, -1,

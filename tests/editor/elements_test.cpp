@@ -171,6 +171,25 @@ TEST(AlignElements, LinesThemUpWithTheFirst) {
     EXPECT_EQ(Cell(m, "labelfirst", "top"), "400");
 }
 
+TEST(AlignElements, SpacingKeepsTheOutermostAndEvensTheGaps) {
+    ProjectModel m = NewProject();
+    // Labels of one width at 0, 2000, 2300 and 9001, chosen in another order: the twip left
+    // over goes to the first gap.
+    const std::pair<const char *, std::int32_t> labels[] = {
+        {"third", 2300}, {"first", 0}, {"last", 9001}, {"second", 2000}};
+    std::vector<std::string> names;
+    for (const auto &[name, left] : labels) {
+        ASSERT_FALSE(AddElement(m, "Console", ElementKind::Label, name, {left, 600}).refused());
+        names.push_back("label" + std::string(name));
+    }
+    ASSERT_FALSE(AlignElements(m, Align::SpaceAcross, names).refused());
+    EXPECT_EQ(Cell(m, "labelfirst", "left"), "0");
+    EXPECT_EQ(Cell(m, "labelsecond", "left"), "3001");
+    EXPECT_EQ(Cell(m, "labelthird", "left"), "6001");
+    EXPECT_EQ(Cell(m, "labellast", "left"), "9001");
+    EXPECT_TRUE(AlignElements(m, Align::SpaceDown, {"labelfirst", "labellast"}).change.empty());
+}
+
 TEST(DeleteElements, TheRowsBehindCloseUpAndComeBackOnUndo) {
     ProjectModel m = NewProject();
     for (const char *name : {"one", "two", "three", "four"})

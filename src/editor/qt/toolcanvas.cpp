@@ -324,22 +324,7 @@ void ToolCanvas::keyPressEvent(QKeyEvent *event) {
 }
 
 void ToolCanvas::contextMenuEvent(QContextMenuEvent *event) {
-    if (m_selection.empty()) return;
-    QMenu menu(this);
-    menu.addAction(tr("Copy Properties"), this, &ToolCanvas::CopyProperties);
-    menu.addAction(tr("Paste Properties"), this, &ToolCanvas::PasteProperties)
-        ->setEnabled(HasCopiedProperties());
-    QMenu *align = menu.addMenu(tr("Align"));
-    align->setEnabled(m_selection.size() > 1);
-    const std::pair<QString, orrery::Align> aligns[] = {
-        {tr("Left Edges"), Align::Left},     {tr("Top Edges"), Align::Top},
-        {tr("Right Edges"), Align::Right},   {tr("Bottom Edges"), Align::Bottom},
-        {tr("Same Width"), Align::SameWidth}, {tr("Same Height"), Align::SameHeight}};
-    for (const auto &[caption, how] : aligns)
-        align->addAction(caption, this, [this, how = how] { Align(how); });
-    menu.addSeparator();
-    menu.addAction(tr("Delete"), this, &ToolCanvas::DeleteSelected);
-    menu.exec(event->globalPos());
+    if (!m_selection.empty() && !actions().isEmpty()) QMenu::exec(actions(), event->globalPos(), nullptr, this);
 }
 
 void ToolCanvas::paintEvent(QPaintEvent *event) {

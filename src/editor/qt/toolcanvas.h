@@ -23,6 +23,7 @@ class SelectionLayer;
 class ToolCanvas : public QWidget {
     Q_OBJECT
 public:
+    // The commands added to it with addAction make its context menu.
     explicit ToolCanvas(EditorContext context, QWidget *parent = nullptr);
     ~ToolCanvas() override;
 

@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
@@ -47,6 +48,36 @@ Position FreeSpot(const ProjectModel &model, const std::string &tool) {
     std::int32_t top = SnapToGrid(below);
     if (top < below) top += kNudge;
     return {SnapToGrid(160), top};
+}
+
+// The picture of an align command: the edge or the size the selection takes, drawn as two
+// bars of different lengths against a guide line.
+QIcon AlignIcon(Align align) {
+    QPixmap picture(20, 20);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    const QColor guide(64, 156, 255), bar(90, 96, 106);
+    const auto across = [&](int y, int x, int w) { painter.fillRect(x, y, w, 5, bar); };
+    const auto down = [&](int x, int y, int h) { painter.fillRect(x, y, 5, h, bar); };
+    switch (align) {
+    case Align::Left: painter.fillRect(2, 1, 2, 18, guide); across(4, 4, 13); across(11, 4, 8); break;
+    case Align::Right: painter.fillRect(16, 1, 2, 18, guide); across(4, 3, 13); across(11, 8, 8); break;
+    case Align::Top: painter.fillRect(1, 2, 18, 2, guide); down(4, 4, 13); down(11, 4, 8); break;
+    case Align::Bottom: painter.fillRect(1, 16, 18, 2, guide); down(4, 3, 13); down(11, 8, 8); break;
+    case Align::SameWidth:
+        painter.fillRect(2, 1, 1, 18, guide); painter.fillRect(17, 1, 1, 18, guide);
+        across(4, 3, 14); across(11, 3, 14); break;
+    case Align::SameHeight:
+        painter.fillRect(1, 2, 18, 1, guide); painter.fillRect(1, 17, 18, 1, guide);
+        down(4, 3, 14); down(11, 3, 14); break;
+    case Align::SpaceAcross:
+        for (int x : {1, 8, 15}) down(x, 4, 12);
+        painter.fillRect(0, 18, 20, 1, guide); break;
+    case Align::SpaceDown:
+        for (int y : {1, 8, 15}) across(y, 4, 12);
+        painter.fillRect(18, 0, 1, 20, guide); break;
+    }
+    return QIcon(picture);
 }
 
 QPushButton *Button(const QString &caption, const char *name) {
@@ -149,17 +180,26 @@ QWidget *ToolEditor::MakeDesignArea() {
     m_canvas = new ToolCanvas(m_context);
     m_commands = new QToolBar;
     m_commands->setObjectName("Commands");
-    const std::pair<QString, Align> aligns[] = {
-        {tr("Left"), Align::Left},           {tr("Top"), Align::Top},
-        {tr("Right"), Align::Right},         {tr("Bottom"), Align::Bottom},
-        {tr("Same Width"), Align::SameWidth}, {tr("Same Height"), Align::SameHeight}};
-    m_commands->addWidget(new QLabel(tr(" Align: ")));
-    for (const auto &[caption, how] : aligns) {
-        QAction *action = m_commands->addAction(caption, m_canvas, [this, how = how] {
-            m_canvas->Align(how);
-        });
-        action->setObjectName("align-" + caption.toLower().replace(' ', '-'));
-        action->setToolTip(tr("Line the selection up with the element it was chosen by"));
+    struct Command {
+        const char *name;
+        QString tip;
+        Align align;
+    };
+    const Command aligns[] = {
+        {"align-left", tr("Align left edges"), Align::Left},
+        {"align-right", tr("Align right edges"), Align::Right},
+        {"align-top", tr("Align top edges"), Align::Top},
+        {"align-bottom", tr("Align bottom edges"), Align::Bottom},
+        {"align-same-width", tr("Make the same width"), Align::SameWidth},
+        {"align-same-height", tr("Make the same height"), Align::SameHeight},
+        {"space-across", tr("Space evenly across"), Align::SpaceAcross},
+        {"space-down", tr("Space evenly down"), Align::SpaceDown}};
+    for (const Command &command : aligns) {
+        QAction *action = m_commands->addAction(AlignIcon(command.align), command.tip, m_canvas,
+                                                [this, how = command.align] { m_canvas->Align(how); });
+        action->setObjectName(command.name);
+        action->setToolTip(command.tip + tr(", taking the first element chosen as the guide"));
+        if (command.align == Align::SameHeight) m_commands->addSeparator();
     }
     m_commands->addSeparator();
     m_commands->addAction(tr("Copy Properties"), m_canvas, &ToolCanvas::CopyProperties)
@@ -170,6 +210,7 @@ QWidget *ToolEditor::MakeDesignArea() {
     m_commands->addAction(tr("Delete"), m_canvas, &ToolCanvas::DeleteSelected)
         ->setObjectName("delete-elements");
     column->addWidget(m_commands);
+    m_canvas->addActions(m_commands->actions());
 
     auto *scroll = new QScrollArea;
     scroll->setObjectName("PreviewArea");
@@ -186,6 +227,7 @@ void ToolEditor::UpdateCommands() {
     for (QAction *action : m_commands->actions()) {
         const QString name = action->objectName();
         if (name.startsWith("align-")) action->setEnabled(selected > 1);
+        else if (name.startsWith("space-")) action->setEnabled(selected > 2);
         else if (name == "paste-properties") action->setEnabled(selected > 0 && m_canvas->HasCopiedProperties());
         else if (!name.isEmpty()) action->setEnabled(selected > 0);
     }
