@@ -1,6 +1,7 @@
 // The element operations: names, arrays, properties, nudges, deletes, copied properties and
 // qombos, each one step that undoes to the byte.
 #include "editor/elements.h"
+#include "editor/snap.h"
 #include "editor/tools.h"
 #include "editor/words.h"
 #include "fixture.h"
@@ -32,6 +33,30 @@ TEST(SnapToGrid, ComesToRestOnTheLinesFortyIn) {
     const std::pair<std::int32_t, std::int32_t> rows[] = {
         {40, 40}, {100, 40}, {159, 40}, {160, 160}, {0, -80}, {-1, -80}, {-81, -200}, {1234, 1120}};
     for (const auto &[at, rest] : rows) EXPECT_EQ(SnapToGrid(at), rest) << at;
+}
+
+TEST(SnapDrag, AnEdgeWithinReachWinsOverTheGrid) {
+    // Another element at 1000..2000 across and 600..900 down; reach 90 twips.
+    const std::vector<Box> others{{1000, 600, 1000, 300}};
+    struct Row {
+        Box moving;
+        std::int32_t left, top;
+        std::optional<std::int32_t> guideX, guideY;
+    };
+    const Row rows[] = {
+        {{1050, 2000, 500, 200}, 1000, 1960, 1000, std::nullopt}, // left edges meet
+        {{1580, 2000, 400, 200}, 1600, 1960, 2000, std::nullopt}, // right edge on its right edge
+        {{1260, 2000, 500, 200}, 1250, 1960, 1500, std::nullopt}, // centre lines meet
+        {{3000, 880, 500, 200}, 2920, 900, std::nullopt, 900},    // top on its bottom edge
+        {{3000, 3000, 500, 200}, 2920, 2920, std::nullopt, std::nullopt}, // nothing near: grid
+    };
+    for (const Row &row : rows) {
+        const Snapped snapped = SnapDrag(row.moving, others, 90);
+        EXPECT_EQ(snapped.left, row.left) << row.moving.left;
+        EXPECT_EQ(snapped.top, row.top) << row.moving.top;
+        EXPECT_EQ(snapped.guideX, row.guideX) << row.moving.left;
+        EXPECT_EQ(snapped.guideY, row.guideY) << row.moving.top;
+    }
 }
 
 TEST(AddElement, RulesAndWords) {

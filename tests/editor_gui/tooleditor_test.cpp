@@ -94,12 +94,12 @@ struct ToolEditorGui : ::testing::Test {
         Answering(std::move(answers),
                   [this] { QTest::mouseClick(Find<QPushButton>("Command7"), Qt::LeftButton); });
     }
-    void Drag(QPoint from, QPoint by) {
+    void Drag(QPoint from, QPoint by, Qt::KeyboardModifiers keys = {}) {
         QTest::mousePress(Canvas(), Qt::LeftButton, {}, from);
         for (int step = 1; step <= 4; ++step) {
             const QPointF at = QPointF(from + by * step / 4);
             QMouseEvent move(QEvent::MouseMove, at, Canvas()->mapToGlobal(at), Qt::NoButton,
-                             Qt::LeftButton, Qt::NoModifier);
+                             Qt::LeftButton, keys);
             QApplication::sendEvent(Canvas(), &move);
         }
         QTest::mouseRelease(Canvas(), Qt::LeftButton, {}, from + by);
@@ -154,6 +154,12 @@ TEST_F(ToolEditorGui, AToolBuiltFromNothingUndoesStepByStepAndPlaysAsPreviewed) 
     EXPECT_EQ(Cell("labelprobestatus", "left"), "640");
     EXPECT_EQ(Cell("labelprobestatus", "top"), "880");
     EXPECT_EQ(undo.index(), built + 1);
+    // With Shift, its left edge meets the button's.
+    const QRect label = Canvas()->ElementRect("labelprobestatus");
+    const int toButton = Canvas()->ElementRect("buttonprobego").left() - label.left();
+    Drag(label.topLeft() + QPoint(2, 2), QPoint(toButton + 3, 0), Qt::ShiftModifier);
+    EXPECT_EQ(Cell("labelprobestatus", "left"), Cell("buttonprobego", "left"));
+    undo.undo();
     // Arrow keys nudge and Shift sizes; a run of the same nudge is one step.
     QTest::keyClick(Canvas(), Qt::Key_Right);
     QTest::keyClick(Canvas(), Qt::Key_Right);

@@ -2,6 +2,7 @@
 #include "editor/qt/toolcanvas.h"
 
 #include "editor/session.h"
+#include "editor/snap.h"
 #include "editor/words.h"
 #include "widgets/look.h"
 #include "widgets/toolview.h"
@@ -23,6 +24,8 @@ namespace {
 constexpr std::int32_t kMargin = 360;
 const QColor kSurface(58, 62, 70);
 const QColor kMark(64, 156, 255);
+const QColor kGuide(255, 92, 160);
+constexpr int kSnapReach = 6; // pixels within which an edge pulls a dragged element
 
 // A question of the system's, answered Yes or No.
 bool Ask(QWidget *parent, const Question &question) {
@@ -57,6 +60,14 @@ protected:
                 painter.drawRect(QRect(corner - QPoint(3, 3), QSize(6, 6)));
             first = false;
         }
+        if (m_canvas.m_gesture == ToolCanvas::Gesture::Dragging) {
+            const QRect tool = m_canvas.ToolRect();
+            painter.setPen(QPen(kGuide, 1, Qt::DashLine));
+            if (const auto x = m_canvas.m_guides.guideX)
+                painter.drawLine(tool.left() + Px(*x), tool.top(), tool.left() + Px(*x), tool.bottom());
+            if (const auto y = m_canvas.m_guides.guideY)
+                painter.drawLine(tool.left(), tool.top() + Px(*y), tool.right(), tool.top() + Px(*y));
+        }
         if (m_canvas.m_gesture == ToolCanvas::Gesture::Band) {
             painter.setPen(QPen(kMark, 1));
             painter.setBrush(QColor(kMark.red(), kMark.green(), kMark.blue(), 40));
@@ -73,6 +84,9 @@ ToolCanvas::ToolCanvas(EditorContext context, QWidget *parent)
     setObjectName("Preview");
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setToolTip(tr("Click to select, Ctrl+click to add, drag round elements to select many.\n"
+                  "Drag to move on the grid; hold Shift to line up with other elements.\n"
+                  "Arrow keys move, Shift+arrow keys size, Delete deletes."));
 }
 
 ToolCanvas::~ToolCanvas() = default;
@@ -205,7 +219,7 @@ void ToolCanvas::PasteProperties() {
 void ToolCanvas::mousePressEvent(QMouseEvent *event) {
     setFocus(Qt::MouseFocusReason);
     const QPoint at = event->position().toPoint();
-    const bool adding = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+    const bool adding = event->modifiers() & Qt::ControlModifier;
     const std::string name = NameOf(RowAt(at));
     if (event->button() == Qt::RightButton) {
         if (!name.empty() && !Selected(name)) Select({name});
@@ -238,15 +252,16 @@ void ToolCanvas::mousePressEvent(QMouseEvent *event) {
 
 void ToolCanvas::mouseMoveEvent(QMouseEvent *event) {
     const QPoint at = event->position().toPoint();
+    const bool toElements = event->modifiers() & Qt::ShiftModifier;
     switch (m_gesture) {
     case Gesture::Pressed:
         if ((at - m_pressAt).manhattanLength() >= QApplication::startDragDistance()) {
             BeginDrag(at, m_grabbed);
-            DragTo(at);
+            DragTo(at, toElements);
         }
         return;
     case Gesture::Dragging:
-        return DragTo(at);
+        return DragTo(at, toElements);
     case Gesture::Band:
         return BandTo(at);
     case Gesture::None:
@@ -270,13 +285,25 @@ void ToolCanvas::BeginDrag(QPoint, const std::string &) {
     m_gesture = Gesture::Dragging;
 }
 
-// The element held comes to rest on the grid; the others keep their places beside it.
-void ToolCanvas::DragTo(QPoint at) {
+// The element held comes to rest on the grid, or, with Shift held, against an edge or a centre
+// line of another element within reach; the others keep their places beside it.
+void ToolCanvas::DragTo(QPoint at, bool toElements) {
     const auto held = m_dragFrom.find(m_grabbed);
-    if (held == m_dragFrom.end()) return;
+    const ElementControl *heldControl = nullptr;
+    std::vector<Box> others;
+    for (const auto &[row, c] : m_host.elements(PreviewHost::kBox)) {
+        if (c->tag == m_grabbed) heldControl = c;
+        else if (!m_dragFrom.count(c->tag)) others.push_back({c->left, c->top, c->width, c->height});
+    }
+    if (held == m_dragFrom.end() || !heldControl) return;
     const QPoint moved = at - m_pressAt;
-    m_dx = SnapToGrid(held->second.left + Twips(moved.x())) - held->second.left;
-    m_dy = SnapToGrid(held->second.top + Twips(moved.y())) - held->second.top;
+    const Box raw{held->second.left + Twips(moved.x()), held->second.top + Twips(moved.y()),
+                  heldControl->width, heldControl->height};
+    if (!toElements) others.clear();
+    const Snapped rest = SnapDrag(raw, others, Twips(kSnapReach));
+    m_dx = rest.left - held->second.left;
+    m_dy = rest.top - held->second.top;
+    m_guides = rest;
     for (const auto &[row, c] : m_host.elements(PreviewHost::kBox)) {
         const auto from = m_dragFrom.find(c->tag);
         ElementView *view = m_view->element(row);

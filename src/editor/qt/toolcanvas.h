@@ -1,12 +1,14 @@
 // The tool editor's preview: the selected tool drawn by the run-time's views at the run-time's
 // scale, on which the author selects elements (a click, Ctrl and a click, a rubber band), drags
-// them with the grid's snap, nudges and sizes them with the arrow keys, deletes them, copies
-// and pastes their properties and lines them up. Each gesture is one step of the editor.
+// them with the grid's snap (or, with Shift, against another element's edges), nudges and
+// sizes them with the arrow keys, deletes them, copies and pastes their properties and lines
+// them up. Each gesture is one step of the editor.
 #pragma once
 
 #include "editor/elements.h"
 #include "editor/qt/editorcontext.h"
 #include "editor/qt/previewhost.h"
+#include "editor/snap.h"
 
 #include <QPoint>
 #include <QRect>
@@ -75,7 +77,7 @@ private:
     QRect RowRect(int row) const;
     bool Selected(const std::string &name) const;
     void BeginDrag(QPoint at, const std::string &grabbed);
-    void DragTo(QPoint at);
+    void DragTo(QPoint at, bool toElements);
     void EndDrag();
     void BandTo(QPoint at);
     void Apply(Outcome outcome);
@@ -95,6 +97,7 @@ private:
     std::string m_grabbed;                      // the element the drag holds
     std::map<std::string, Grabbed> m_dragFrom;  // where each selected element stood
     std::int32_t m_dx = 0, m_dy = 0;            // the drag so far, snapped, in twips
+    Snapped m_guides;                           // the edges the held element rests against
     QRect m_band;
     std::vector<std::string> m_bandBase;        // the selection a Ctrl band adds to
 };
