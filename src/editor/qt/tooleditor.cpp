@@ -2,6 +2,7 @@
 #include "editor/qt/tooleditor.h"
 
 #include "editor/elements.h"
+#include "editor/qt/qombodialog.h"
 #include "editor/qt/shellparts.h"
 #include "editor/qt/toolcanvas.h"
 #include "desk/tools.h"
@@ -335,7 +336,10 @@ void ToolEditor::AddArray(const std::string &tool, ElementKind kind) {
 }
 
 void ToolEditor::AddQombo() {
-    if (CurrentTool().empty()) return ShowMessage(this, words::kNoToolChosen);
+    const std::string tool = CurrentTool();
+    if (tool.empty()) return ShowMessage(this, words::kNoToolChosen);
+    QomboDialog dialog(m_context, tool, this);
+    if (dialog.exec() == QDialog::Accepted) m_canvas->Reload();
 }
 
 } // namespace orrery
