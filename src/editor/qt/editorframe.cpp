@@ -237,6 +237,8 @@ void EditorFrame::ProjectOpened() {
     if (m_wizard) m_wizard->close();
     m_wizard = nullptr;
     m_undo->clear();
+    // The previews use the fonts the game will have: the tree's own and the usual stand-ins.
+    InstallFonts(m_session.paths().FontsPath());
     Refresh();
     ShowHub();
 }
