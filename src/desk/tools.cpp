@@ -7,6 +7,7 @@
 #include "desk/qonsole.h"
 #include "foundation/convert.h"
 #include "foundation/text.h"
+#include "project/elementprops.h"
 
 #include <algorithm>
 
@@ -65,7 +66,8 @@ void MakeNew(Game &game, int entry) {
     box.backColor = game.project.settings.mytoolsbackcolor;
     LoadToolElements(game, n);
     Impose(game, n, side.caption);
-    if (desk.OpenToolList.empty()) desk.OpenToolList = ":";
+    // Not `= ":"`: GCC 12 warns of an overlapping copy there that can't happen.
+    if (desk.OpenToolList.empty()) desk.OpenToolList.push_back(':');
     desk.OpenToolList += side.tag + ":";
     Centre(game, box);
     box.visible = true;
@@ -138,14 +140,12 @@ ToolChrome DressTool(const ProjectSettings &settings, int n, std::int32_t width,
 void LoadSideMenu(Game &game) {
     const ProjectSettings &s = game.project.settings;
     Desk &desk = game.desk;
-    const std::string excluded = ":" + LowerCase(ReplaceAll(s.mysideexludelist, "//", ":")) + ":";
-    const std::string hidden = ReplaceAll(LowerCase(s.myhiddentools), " ", "");
     desk.SideMenu.assign(1, SideEntry{});
     std::int32_t top = kTitleBarHeight + 240;
     for (const std::string &name : game.project.ToolNameTable) {
-        if (IsBlank(name) || InStr(excluded, ":" + LowerCase(name) + ":")) continue;
+        if (IsBlank(name) || SideMenuExcluded(s, name)) continue;
         SideEntry entry{name, ReplaceAll(LowerCase(name), " ", ""), true, top};
-        if (InStr(hidden, entry.tag)) entry.visible = false;
+        if (SideMenuHidden(s, name)) entry.visible = false;
         if (entry.visible) top += 285 + 120;
         desk.SideMenu.push_back(entry);
     }

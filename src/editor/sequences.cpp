@@ -31,12 +31,6 @@ int FindVariable(const ProjectModel &model, std::string_view name) {
     return 0;
 }
 
-std::string QlobName(std::string_view typed) {
-    std::string name = Trim(typed);
-    std::replace(name.begin(), name.end(), ' ', '_');
-    return UpperCase(name);
-}
-
 int FindToolSub(const ProjectModel &model, std::string_view key) {
     for (int slot = 1; slot <= decltype(model.ToolSubTable)::kSize; ++slot)
         if (!IsBlank(model.ToolSubTable[slot].key) &&
@@ -54,6 +48,12 @@ int FindHelp(const ProjectModel &model, std::string_view title) {
 }
 
 } // namespace
+
+std::string QlobName(std::string_view typed) {
+    std::string name = Trim(typed);
+    std::replace(name.begin(), name.end(), ' ', '_');
+    return UpperCase(name);
+}
 
 Outcome AddXVar(ProjectModel &model, std::string_view typed, std::string_view typedValue) {
     Transaction t(model, "New Variable");
@@ -153,6 +153,12 @@ Outcome SetToolSub(ProjectModel &model, std::string_view tool, std::string_view 
     if (!target) return t.Refuse(words::kTooManyToolSubs);
     t.Set(place::Slot(&ProjectModel::ToolSubTable, target), ToolSub{key, sequence});
     return t.Commit();
+}
+
+std::string ToolSubSequence(const ProjectModel &model, std::string_view tool,
+                            std::string_view event) {
+    const int slot = FindToolSub(model, ToolTag(tool) + ":" + NormText(event));
+    return slot ? model.ToolSubTable[slot].sequence : std::string();
 }
 
 Outcome SetMainLoad(ProjectModel &model, std::string_view statements) {

@@ -5,6 +5,7 @@
 #include "editor/change.h"
 
 #include <array>
+#include <string>
 #include <string_view>
 
 namespace orrery {
@@ -19,7 +20,9 @@ inline constexpr std::array<std::string_view, 7> kToolSubs{
 Outcome AddXVar(ProjectModel &model, std::string_view name, std::string_view value);
 Outcome RemoveVar(ProjectModel &model, std::string_view name);
 
-// A new, empty qlob: blanks become underscores and the name is upper-cased.
+// The name a qlob is stored under: the typed name trimmed, blanks as underscores, upper case.
+std::string QlobName(std::string_view typed);
+// A new, empty qlob under its QlobName.
 Outcome AddQlob(ProjectModel &model, std::string_view name);
 // The qlob's statements, back-quote separated: the manual edit's save. The qlob is named as
 // when it was added: blanks as underscores, any case. The name is written in
@@ -33,6 +36,9 @@ int FindQlobByName(const ProjectModel &model, std::string_view name);
 // assignment.
 Outcome SetToolSub(ProjectModel &model, std::string_view tool, std::string_view event,
                    std::string_view statements);
+// The sequence assigned to a tool's event, empty when there is none.
+std::string ToolSubSequence(const ProjectModel &model, std::string_view tool,
+                            std::string_view event);
 // The start-up sequence, run when the desktop has loaded.
 Outcome SetMainLoad(ProjectModel &model, std::string_view statements);
 

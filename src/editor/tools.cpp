@@ -7,6 +7,8 @@
 #include "foundation/text.h"
 #include "project/elementprops.h"
 
+#include <algorithm>
+
 namespace orrery {
 
 namespace {
@@ -26,10 +28,25 @@ std::vector<std::string> ExclusionList(const ProjectSettings &s) {
     return names;
 }
 
-std::string JoinExclusions(const std::vector<std::string> &names) {
+std::string JoinList(const std::vector<std::string> &names, std::string_view separator) {
     std::string list;
-    for (const std::string &name : names) list += (list.empty() ? "" : "//") + name;
+    for (const std::string &name : names) {
+        if (!list.empty()) list += separator;
+        list += name;
+    }
     return list;
+}
+
+// The hidden list's entries, separated by colons as the reader keeps them.
+std::vector<std::string> HiddenList(const ProjectSettings &s) {
+    std::vector<std::string> names;
+    for (std::size_t from = 0; from <= s.myhiddentools.size();) {
+        const std::size_t end = std::min(s.myhiddentools.find(':', from), s.myhiddentools.size());
+        const std::string name = Trim(std::string_view(s.myhiddentools).substr(from, end - from));
+        if (!name.empty()) names.push_back(name);
+        from = end + 1;
+    }
+    return names;
 }
 
 } // namespace
@@ -84,7 +101,34 @@ Outcome ExcludeTool(ProjectModel &model, std::string_view name, bool excluded) {
     std::vector<std::string> names = ExclusionList(model.settings);
     std::erase_if(names, [&](const std::string &n) { return NormText(n) == NormText(tool); });
     if (excluded) names.push_back(Trim(tool));
-    t.Set(place::Setting(&ProjectSettings::mysideexludelist), JoinExclusions(names));
+    t.Set(place::Setting(&ProjectSettings::mysideexludelist), JoinList(names, "//"));
+    return t.Commit();
+}
+
+Outcome HideTool(ProjectModel &model, std::string_view name, bool hidden) {
+    Transaction t(model, hidden ? "Hide Tool" : "Show Tool");
+    const int slot = FindTool(model, name);
+    if (!slot) return t.Refuse(words::kNoSuchTool);
+    const std::string tag = ToolTag(model.ToolNameTable[slot]);
+    std::vector<std::string> names = HiddenList(model.settings);
+    std::erase_if(names, [&](const std::string &n) { return ToolTag(n) == tag; });
+    if (hidden) names.push_back(NormText(model.ToolNameTable[slot]));
+    // In the form the reader gives the line, so that a reload finds the same text.
+    t.Set(place::Setting(&ProjectSettings::myhiddentools), NormText(JoinList(names, ":")));
+    return t.Commit();
+}
+
+Outcome MoveTool(ProjectModel &model, int slot, bool up) {
+    Transaction t(model, up ? "Move Tool Up" : "Move Tool Down");
+    auto &table = model.ToolNameTable;
+    if (!table.Contains(slot) || IsBlank(table[slot])) return t.Refuse(words::kNoSuchTool);
+    const int step = up ? -1 : 1;
+    int other = slot + step;
+    while (table.Contains(other) && IsBlank(table[other])) other += step;
+    if (!table.Contains(other)) return t.Commit();
+    const std::string moving = table[slot];
+    t.Set(place::Slot(&ProjectModel::ToolNameTable, slot), table[other]);
+    t.Set(place::Slot(&ProjectModel::ToolNameTable, other), moving);
     return t.Commit();
 }
 

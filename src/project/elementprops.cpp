@@ -238,6 +238,16 @@ bool RowOfTool(const ElementRow &row, std::string_view tag) {
            ToolTag(FieldAt(row[kToolColumn], 2)) == tag;
 }
 
+bool SideMenuExcluded(const ProjectSettings &settings, std::string_view toolName) {
+    const std::string list =
+        ":" + LowerCase(ReplaceAll(settings.mysideexludelist, "//", ":")) + ":";
+    return InStr(list, ":" + LowerCase(toolName) + ":") != 0;
+}
+
+bool SideMenuHidden(const ProjectSettings &settings, std::string_view toolName) {
+    return InStr(ReplaceAll(LowerCase(settings.myhiddentools), " ", ""), ToolTag(toolName)) != 0;
+}
+
 int PropertyColumn(const ElementRow &row, std::string_view key) {
     if (IsActionKey(key)) return IsBlank(row[kActionColumn]) ? 0 : kActionColumn;
     const std::string wanted = NormText(key);

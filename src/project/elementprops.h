@@ -112,6 +112,12 @@ void ApplyProperties(ElementControl &control, const ElementRow &row, bool making
 std::string ToolTag(std::string_view toolName);
 // True when the row's element belongs to the tool of that tag, by its "atool:" cell.
 bool RowOfTool(const ElementRow &row, std::string_view tag);
+// True when the tool has no entry in the side menu: its name stands whole in the exclusion
+// list, whose entries are separated by "//".
+bool SideMenuExcluded(const ProjectSettings &settings, std::string_view toolName);
+// True when the tool's entry is there but hidden: its tag stands anywhere in the hidden list,
+// read without blanks, so a tag that is part of another hidden tool's is hidden too.
+bool SideMenuHidden(const ProjectSettings &settings, std::string_view toolName);
 
 // True for a key that names the action: any key holding "action", as the reader takes it.
 bool IsActionKey(std::string_view key);

@@ -5,6 +5,7 @@
 #include "editor/tools.h"
 #include "editor/words.h"
 #include "fixture.h"
+#include "project/elementprops.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -120,6 +121,7 @@ TEST(EditorOperations, WhatTheyStore) {
     ASSERT_FALSE(SetToolSub(m, "mail box", "OPEN", "action:QLOB [X]").refused());
     EXPECT_EQ(m.ToolSubTable[1].key, "mailbox:open") << "the run-time's form of the tool's name";
     EXPECT_EQ(m.ToolSubTable[1].sequence, "QLOB [X]");
+    EXPECT_EQ(ToolSubSequence(m, "MailBox", "Open"), "QLOB [X]");
     ASSERT_FALSE(SetToolSub(m, "Mail Box", "open", "").refused());
     EXPECT_TRUE(IsBlank(m.ToolSubTable[1].key)) << "an empty sequence removes the assignment";
 
@@ -135,11 +137,35 @@ TEST(EditorOperations, WhatTheyStore) {
     EXPECT_EQ(m.HelpTable[FirstFreeSlot(m.HelpTable, 0) - 1], "Intro:one//two: three");
 }
 
+TEST(EditorOperations, TheSideMenusOrderExclusionsAndHiddenEntries) {
+    ProjectModel m = NewProject(); // Connector, Console, Hyperqube, Mail System, ...
+    ASSERT_FALSE(HideTool(m, "Mail System", true).refused());
+    ASSERT_FALSE(HideTool(m, "console", true).refused());
+    EXPECT_EQ(m.settings.myhiddentools, "mail system:console") << "as the reader gives it";
+    ASSERT_FALSE(HideTool(m, "MAIL SYSTEM", false).refused());
+    EXPECT_EQ(m.settings.myhiddentools, "console");
+    EXPECT_TRUE(SideMenuHidden(m.settings, "Console"));
+    EXPECT_FALSE(SideMenuHidden(m.settings, "Mail System"));
+    ASSERT_FALSE(ExcludeTool(m, "Hyperqube", true).refused());
+    EXPECT_TRUE(SideMenuExcluded(m.settings, "Hyperqube"));
+    EXPECT_FALSE(SideMenuExcluded(m.settings, "Console"));
+
+    EXPECT_TRUE(MoveTool(m, 1, true).change.empty()) << "the first goes no higher";
+    m.ToolNameTable[3] = "";
+    ASSERT_FALSE(MoveTool(m, 2, false).refused());
+    EXPECT_EQ(ToolNames(m)[1], "Mail System") << "a blank slot is passed over";
+    EXPECT_EQ(m.ToolNameTable[4], "Console");
+    EXPECT_EQ(MoveTool(m, 3, false).refusal, words::kNoSuchTool);
+    EXPECT_TRUE(MoveTool(m, 9, false).change.empty()) << "nor the last lower";
+}
+
 TEST(EditorOperations, EachIsUndoneAndRedoneToTheByte) {
     const std::pair<const char *, std::function<Outcome(ProjectModel &)>> steps[] = {
         {"add-tool", [](ProjectModel &m) { return AddTool(m, "Scanner"); }},
         {"remove-tool", [](ProjectModel &m) { return RemoveTool(m, "Mail System"); }},
         {"exclude-tool", [](ProjectModel &m) { return ExcludeTool(m, "Console", true); }},
+        {"hide-tool", [](ProjectModel &m) { return HideTool(m, "Console", true); }},
+        {"move-tool", [](ProjectModel &m) { return MoveTool(m, 2, true); }},
         {"add-var", [](ProjectModel &m) { return AddXVar(m, "$gold", "5"); }},
         {"remove-var", [](ProjectModel &m) { return RemoveVar(m, "$player"); }},
         {"add-qlob", [](ProjectModel &m) { return AddQlob(m, "tick"); }},
