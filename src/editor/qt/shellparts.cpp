@@ -15,6 +15,13 @@ void ShowMessage(QWidget *parent, const Message &message) {
     box.exec();
 }
 
+bool Ask(QWidget *parent, const Question &question) {
+    QMessageBox box(QMessageBox::Question, ToQString(question.title), ToQString(question.text),
+                    QMessageBox::Yes | QMessageBox::No, parent);
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
 QPoint CenterChild(QSize frame, QSize form) {
     const int left = frame.width() / 2 - form.width() / 2;
     const int top = frame.height() / 2 - form.height() / 2 - Px(1200);

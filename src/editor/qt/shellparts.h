@@ -12,6 +12,8 @@ namespace orrery {
 
 // A message box with the core's title and text, answered with OK.
 void ShowMessage(QWidget *parent, const Message &message);
+// The core's question with Yes and No; true when the author answers Yes.
+bool Ask(QWidget *parent, const Question &question);
 
 // Where a form of that size stands in a frame of this size: centred across, and 1200 twips
 // above the middle down, but never above the frame's top.
