@@ -164,24 +164,24 @@ void SetCell(Transaction &t, int row, std::string_view key, std::string_view val
 // The value as the property keeps it, or the refusal.
 std::optional<Message> Storable(const ElementProperty &property, const ProjectModel &model,
                                 std::string &value) {
-    const Message notNumber{"Error", "The " + std::string(property.key) + " is a whole number."};
+    const ValueRange &range = property.range;
     switch (property.value) {
     case PropertyValueKind::KindNumber:
-        return Message{"Error", "An element's kind and number are not changed."};
+        return words::kKindNotChanged;
     case PropertyValueKind::Number:
     case PropertyValueKind::Twips:
     case PropertyValueKind::Colour:
-        if (const auto number = ParseWholeNumber32(Trim(value))) {
+        if (const auto number = ParseWholeNumber32(Trim(value)); number && range.Holds(*number)) {
             value = IntText(*number);
             return std::nullopt;
         }
-        return notNumber;
+        return words::NotInRange(property.label, range.low, range.high, range.choices);
     case PropertyValueKind::Boolean:
         if (const auto flag = ToBoolean(Trim(value))) {
             value = BoolText(*flag);
             return std::nullopt;
         }
-        return Message{"Error", "The " + std::string(property.key) + " is True or False."};
+        return words::NotTrueOrFalse(property.label);
     case PropertyValueKind::ToolName:
         if (!FindTool(model, value)) return words::kNoSuchTool;
         return std::nullopt;
@@ -191,8 +191,7 @@ std::optional<Message> Storable(const ElementProperty &property, const ProjectMo
     case PropertyValueKind::FileName:
         if (value.find_first_of("/\\") != std::string::npos || Trim(value) == ".." ||
             Trim(value) == ".")
-            return Message{"Error", "A picture is named by its file name alone: it lies in "
-                                    "Res/uimages."};
+            return words::kPictureWithPath;
         return UnwritableValue(value);
     default:
         return UnwritableValue(value);
@@ -299,20 +298,45 @@ Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
 
 Outcome SetElementProperty(ProjectModel &model, const std::vector<std::string> &elements,
                            std::string_view key, std::string_view typedValue) {
-    Transaction t(model, "Change " + NormText(key));
+    return SetElementProperties(model, elements, {{std::string(key), std::string(typedValue)}});
+}
+
+Outcome SetElementProperties(ProjectModel &model, const std::vector<std::string> &elements,
+                             const std::vector<PropertySetting> &values) {
+    Transaction t(model, values.size() == 1 ? "Change " + NormText(values[0].first)
+                                            : std::string("Change Properties"));
     std::vector<int> rows;
     if (auto refusal = RowsOf(model, elements, rows)) return t.Refuse(*refusal);
     for (int row : rows) {
         const ElementKind kind = KindOfName(NormText(model.Element(row)[kNameColumn]));
-        const ElementProperty *property = FindElementProperty(key, kind);
-        if (!property || !HasKind(property->kinds, kind))
-            return t.Refuse({"Error", "A " + std::string(KindWord(kind)) + " has no property \"" +
-                                          std::string(key) + "\"."});
-        std::string value(typedValue);
-        if (auto refusal = Storable(*property, model, value)) return t.Refuse(*refusal);
-        SetCell(t, row, property->key, value);
+        for (const auto &[key, typedValue] : values) {
+            const ElementProperty *property = FindElementProperty(key, kind);
+            if (!property || !HasKind(property->kinds, kind))
+                return t.Refuse(words::NoSuchProperty(KindWord(kind), key));
+            std::string value(typedValue);
+            if (auto refusal = Storable(*property, model, value)) return t.Refuse(*refusal);
+            SetCell(t, row, property->key, value);
+        }
     }
     return t.Commit();
+}
+
+std::vector<std::string> PropertyItems(PropertyValueKind kind, std::string_view value) {
+    if (kind == PropertyValueKind::ListItems) return ListItemsOf(value);
+    std::vector<std::string> items;
+    TickTextToList(value, items);
+    return items;
+}
+
+std::string ItemsProperty(PropertyValueKind kind, const std::vector<std::string> &items) {
+    std::vector<std::string> kept;
+    for (const std::string &item : items)
+        if (!IsBlank(item))
+            kept.push_back(kind == PropertyValueKind::ListItems ? item : Trim(item));
+    if (kind == PropertyValueKind::ListItems) return ListToSlashText(kept);
+    std::string joined;
+    for (const std::string &item : kept) joined += (joined.empty() ? "" : "`") + item;
+    return joined;
 }
 
 std::optional<Nudge> NudgeByWord(std::string_view word) {

@@ -45,9 +45,22 @@ Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
                  std::string_view count, Random &random, std::string_view stem = {});
 
 // Sets one property of the named elements, all in one step. The value is checked against
-// what the property holds.
+// what the property holds: a number against its range, a flag as True or False, a tool by its
+// name, a picture by a bare file name.
 Outcome SetElementProperty(ProjectModel &model, const std::vector<std::string> &elements,
                            std::string_view key, std::string_view value);
+// A key and the value typed for it.
+using PropertySetting = std::pair<std::string, std::string>;
+// Sets several properties of the named elements in one step, each checked as above: the font
+// dialog's name, size and styles at once. One refused value refuses them all.
+Outcome SetElementProperties(ProjectModel &model, const std::vector<std::string> &elements,
+                             const std::vector<PropertySetting> &values);
+
+// A list's items or a console's commands, one an entry, as the game shows them; and entries
+// as the property holds them: items each closed by "//", commands joined by back-quotes as a
+// new console's are. Empty entries are left out both ways.
+std::vector<std::string> PropertyItems(PropertyValueKind kind, std::string_view value);
+std::string ItemsProperty(PropertyValueKind kind, const std::vector<std::string> &items);
 
 enum class Nudge { Left, Right, Up, Down, Wider, Narrower, Taller, Shorter };
 // The nudge named by its word ("left", "wider"...); nullopt for another word.

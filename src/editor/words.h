@@ -4,6 +4,8 @@
 
 #include "editor/change.h"
 
+#include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace orrery::words {
@@ -63,6 +65,50 @@ inline const Message kNoSuchQlob{"Error", "There is no qlob of that name."};
 inline const Message kNoSuchVariable{"Error", "There is no variable of that name."};
 inline const Message kVariableExists{"Error", "A variable with that name already exists."};
 
+// Refusals of a property's value. label is the property's name for an author ("font size").
+inline const Message kKindNotChanged{"Error", "An element's kind and number are not changed."};
+inline Message NoSuchProperty(std::string_view kind, std::string_view key) {
+    return {"Error", "A " + std::string(kind) + " has no property \"" + std::string(key) + "\"."};
+}
+inline Message NotTrueOrFalse(std::string_view label) {
+    std::string text(label);
+    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z')
+        text[0] = static_cast<char>(text[0] - 32);
+    return {"Error", text + " is True or False."};
+}
+// choices: the words of low, low + 1, ... separated by "|", or empty.
+inline Message NotInRange(std::string_view label, std::int32_t low, std::int32_t high,
+                          std::string_view choices = {}) {
+    std::string text = "The " + std::string(label) + " is a whole number from " +
+                       std::to_string(low) + " to " + std::to_string(high);
+    for (std::int32_t n = low; !choices.empty(); ++n) {
+        const std::size_t bar = choices.find('|');
+        text += (n == low ? ": " : ", ") + std::to_string(n) + " " +
+                std::string(choices.substr(0, bar));
+        choices = bar == std::string_view::npos ? std::string_view() : choices.substr(bar + 1);
+    }
+    return {"Error", text + "."};
+}
+inline const Message kPictureWithPath{
+    "Error", "A picture is named by its file name alone: it lies in Res/uimages."};
+
+// Refusals and the question of taking a picture into the project's Res/uimages.
+inline Message UnusablePictureName(std::string_view file) {
+    return {"Error", "The picture \"" + std::string(file) +
+                         "\" can't be named in the project file: a picture's name holds no "
+                         "colon, back-quote, back-slash or control character, no character "
+                         "outside Windows-1252, and no blank at either end, and is at most 100 "
+                         "characters long. Rename the file and choose it again."};
+}
+inline Message PictureUnreadable(std::string_view file, std::string_view reason) {
+    return {"Error", "The picture \"" + std::string(file) +
+                         "\" can't be read: " + std::string(reason) + "."};
+}
+inline Message PictureNotCopied(std::string_view file) {
+    return {"Error",
+            "The picture \"" + std::string(file) + "\" could not be copied into Res/uimages."};
+}
+
 // The questions the front end asks before it calls an operation.
 inline constexpr Question kDeleteElement{"Delete", "Would you like to delete this element?"};
 inline constexpr Question kDeleteSelected{
@@ -70,6 +116,11 @@ inline constexpr Question kDeleteSelected{
 inline constexpr Question kDeleteTool{"Delete", "Are you sure you want to delete this tool?"};
 inline constexpr Question kRemoveQlob{"Remove", "Would you like to remove this qlob?"};
 inline constexpr Question kRemoveItem{"Remove", "Would you like to remove this item?"};
+// Answered Replace, Keep Both or Cancel.
+inline constexpr Question kReplacePicture{
+    "Picture", "Res/uimages already holds a different picture of that name. Replace it, so that "
+               "everything showing it shows the new one, or keep both, the new one under a "
+               "name of its own?"};
 
 // Prompts of the editor's input boxes.
 inline constexpr std::string_view kElementNamePrompt = "Enter a name for this control";

@@ -37,14 +37,6 @@ std::string CaptionText(std::string_view value) {
     return ReplaceAll(ReplaceAll(value, "`", "\r\n"), "[empty]", "");
 }
 
-void AddListItems(ElementControl &control, std::string_view value) {
-    for (std::int16_t i = 1; i < 32767; ++i) {
-        const std::string item = FieldBy(value, i, "//");
-        if (item.empty() && FieldBy(value, static_cast<std::int16_t>(i + 1), "//").empty()) break;
-        if (!item.empty()) control.items.push_back(item);
-    }
-}
-
 // Readers: one per key, as the control takes the value.
 using Reader = void (*)(ElementControl &, std::string_view, bool);
 
@@ -78,7 +70,10 @@ constexpr Reader kBackStyle = [](ElementControl &c, std::string_view v, bool) {
     if (c.kind == K::Label) c.backStyle = Small(v);
 };
 constexpr Reader kListItems = [](ElementControl &c, std::string_view v, bool making) {
-    if (making && c.kind == K::List) AddListItems(c, v);
+    if (making && c.kind == K::List) {
+        std::vector<std::string> items = ListItemsOf(v);
+        c.items.insert(c.items.end(), items.begin(), items.end());
+    }
 };
 constexpr Reader kText = [](ElementControl &c, std::string_view v, bool) {
     if (c.kind == K::Text) c.text = v;
@@ -119,41 +114,84 @@ constexpr Writer kCaptionOut = [](const ElementControl &c) {
 constexpr Writer kCommandListOut = [](const ElementControl &c) { return c.commandList; };
 constexpr Writer kDataFieldOut = [](const ElementControl &c) { return c.dataField; };
 
+// What the editor stores. Places and sizes reach far beyond any screen: a larger number is a
+// slip of the keyboard. A colour is red + 256 green + 65536 blue.
+constexpr ValueRange kAny{};
+constexpr ValueRange kColours{0, 0xFFFFFF};
+constexpr ValueRange kPlaces{-1000000, 1000000};
+constexpr ValueRange kSizes{0, 1000000};
+constexpr ValueRange kFontSizes{1, 999};
+constexpr ValueRange kAlignments{0, 2, "left|right|centre"};
+constexpr ValueRange kBackStyles{0, 1, "transparent|opaque"};
+
+using G = PropertyGroup;
+
 // Columns as the tool editor first lays an element out. Where a column depends on the kind
-// (alignment), the key has a row per column.
+// (alignment), the key has a row per column. The second line of a row is the editor's: what
+// it stores, where its panel shows the property, and the property's name for an author.
 // clang-format off
 constexpr ElementProperty kProperties[] = {
     // key            column kinds              value              read           write
-    {"atool",            1, kAll,                V::ToolName,    nullptr,       nullptr},
-    {"button",           2, KindBit(K::Button),  V::KindNumber,  nullptr,       nullptr},
-    {"label",            2, KindBit(K::Label),   V::KindNumber,  nullptr,       nullptr},
-    {"text",             2, KindBit(K::Text),    V::KindNumber,  nullptr,       nullptr},
-    {"list",             2, KindBit(K::List),    V::KindNumber,  nullptr,       nullptr},
-    {"image",            2, KindBit(K::Image),   V::KindNumber,  nullptr,       nullptr},
-    {"qonsole",          2, KindBit(K::Qonsole), V::KindNumber,  nullptr,       nullptr},
-    {"fontname",         4, kAllButImage,        V::Text,        kFontName,     kFontNameOut},
-    {"fontsize",         5, kAllButImage,        V::Number,      kFontSize,     kFontSizeOut},
-    {"forecolor",        6, kAllButImage,        V::Colour,      kForeColor,    kForeColorOut},
-    {"backcolor",        7, kAllButImage,        V::Colour,      kBackColor,    kBackColorOut},
-    {"fontbold",         8, kAllButImage,        V::Boolean,     kBold,         kBoldOut},
-    {"fontitalic",       9, kAllButImage,        V::Boolean,     kItalic,       kItalicOut},
-    {"fontunderline",   10, kAllButImage,        V::Boolean,     kUnderline,    kUnderlineOut},
-    {"listitems",       11, KindBit(K::List),    V::ListItems,   kListItems,    kListItemsOut},
-    {"text",            11, KindBit(K::Text),    V::Text,        kText,         kTextOut},
-    {"caption",         11, kCaptioned,          V::Text,        kCaption,      kCaptionOut},
-    {"backstyle",       12, KindBit(K::Label),   V::Number,      kBackStyle,    kBackStyleOut},
-    {"left",            13, kAll,                V::Twips,       kLeft,         kLeftOut},
-    {"top",             14, kAll,                V::Twips,       kTop,          kTopOut},
-    {"width",           15, kAll,                V::Twips,       kWidth,        kWidthOut},
-    {"height",          16, kAll,                V::Twips,       kHeight,       kHeightOut},
+    //                                           range         group        label
+    {"atool",            1, kAll,                V::ToolName,    nullptr,       nullptr,
+                                                 kAny,         G::Element,  "tool"},
+    {"button",           2, KindBit(K::Button),  V::KindNumber,  nullptr,       nullptr,
+                                                 kAny,         G::Element,  "button"},
+    {"label",            2, KindBit(K::Label),   V::KindNumber,  nullptr,       nullptr,
+                                                 kAny,         G::Element,  "label"},
+    {"text",             2, KindBit(K::Text),    V::KindNumber,  nullptr,       nullptr,
+                                                 kAny,         G::Element,  "text box"},
+    {"list",             2, KindBit(K::List),    V::KindNumber,  nullptr,       nullptr,
+                                                 kAny,         G::Element,  "list"},
+    {"image",            2, KindBit(K::Image),   V::KindNumber,  nullptr,       nullptr,
+                                                 kAny,         G::Element,  "image"},
+    {"qonsole",          2, KindBit(K::Qonsole), V::KindNumber,  nullptr,       nullptr,
+                                                 kAny,         G::Element,  "qonsole"},
+    {"fontname",         4, kAllButImage,        V::FontName,    kFontName,     kFontNameOut,
+                                                 kAny,         G::Font,     "font"},
+    {"fontsize",         5, kAllButImage,        V::Number,      kFontSize,     kFontSizeOut,
+                                                 kFontSizes,   G::Font,     "font size"},
+    {"forecolor",        6, kAllButImage,        V::Colour,      kForeColor,    kForeColorOut,
+                                                 kColours,     G::Colours,  "fore colour"},
+    {"backcolor",        7, kAllButImage,        V::Colour,      kBackColor,    kBackColorOut,
+                                                 kColours,     G::Colours,  "back colour"},
+    {"fontbold",         8, kAllButImage,        V::Boolean,     kBold,         kBoldOut,
+                                                 kAny,         G::Font,     "bold"},
+    {"fontitalic",       9, kAllButImage,        V::Boolean,     kItalic,       kItalicOut,
+                                                 kAny,         G::Font,     "italic"},
+    {"fontunderline",   10, kAllButImage,        V::Boolean,     kUnderline,    kUnderlineOut,
+                                                 kAny,         G::Font,     "underline"},
+    {"listitems",       11, KindBit(K::List),    V::ListItems,   kListItems,    kListItemsOut,
+                                                 kAny,         G::Content,  "items"},
+    {"text",            11, KindBit(K::Text),    V::Text,        kText,         kTextOut,
+                                                 kAny,         G::Text,     "text"},
+    {"caption",         11, kCaptioned,          V::Text,        kCaption,      kCaptionOut,
+                                                 kAny,         G::Text,     "caption"},
+    {"backstyle",       12, KindBit(K::Label),   V::Number,      kBackStyle,    kBackStyleOut,
+                                                 kBackStyles,  G::Colours,  "back style"},
+    {"left",            13, kAll,                V::Twips,       kLeft,         kLeftOut,
+                                                 kPlaces,      G::Layout,   "left"},
+    {"top",             14, kAll,                V::Twips,       kTop,          kTopOut,
+                                                 kPlaces,      G::Layout,   "top"},
+    {"width",           15, kAll,                V::Twips,       kWidth,        kWidthOut,
+                                                 kSizes,       G::Layout,   "width"},
+    {"height",          16, kAll,                V::Twips,       kHeight,       kHeightOut,
+                                                 kSizes,       G::Layout,   "height"},
     {"alignment",       17, Kinds({K::Label, K::Text, K::List, K::Qonsole}),
-                                                 V::Number,      kAlignment,    kAlignmentOut},
-    {"backcolor2",      17, KindBit(K::Button),  V::Colour,      nullptr,       nullptr},
-    {"alignment",       18, KindBit(K::Button),  V::Number,      kAlignment,    kAlignmentOut},
-    {"tag",             19, KindBit(K::Button),  V::Text,        nullptr,       nullptr},
-    {"action",          20, kAll,                V::Action,      nullptr,       nullptr},
-    {"datafield",        0, KindBit(K::Image),   V::FileName,    kDataField,    kDataFieldOut},
-    {"commandlist",      0, KindBit(K::Qonsole), V::CommandList, kCommandList,  kCommandListOut},
+                                                 V::Number,      kAlignment,    kAlignmentOut,
+                                                 kAlignments,  G::Text,     "alignment"},
+    {"backcolor2",      17, KindBit(K::Button),  V::Colour,      nullptr,       nullptr,
+                                                 kColours,     G::Colours,  "second back colour"},
+    {"alignment",       18, KindBit(K::Button),  V::Number,      kAlignment,    kAlignmentOut,
+                                                 kAlignments,  G::Text,     "alignment"},
+    {"tag",             19, KindBit(K::Button),  V::Text,        nullptr,       nullptr,
+                                                 kAny,         G::Element,  "tag"},
+    {"action",          20, kAll,                V::Action,      nullptr,       nullptr,
+                                                 kAny,         G::Action,   "action"},
+    {"datafield",        0, KindBit(K::Image),   V::FileName,    kDataField,    kDataFieldOut,
+                                                 kAny,         G::Content,  "picture"},
+    {"commandlist",      0, KindBit(K::Qonsole), V::CommandList, kCommandList,  kCommandListOut,
+                                                 kAny,         G::Content,  "commands"},
 };
 // clang-format on
 
@@ -171,6 +209,16 @@ std::string CellKey(const std::string &cell) {
 }
 
 } // namespace
+
+std::vector<std::string> ListItemsOf(std::string_view value) {
+    std::vector<std::string> items;
+    for (std::int16_t i = 1; i < 32767; ++i) {
+        const std::string item = FieldBy(value, i, "//");
+        if (item.empty() && FieldBy(value, static_cast<std::int16_t>(i + 1), "//").empty()) break;
+        if (!item.empty()) items.push_back(item);
+    }
+    return items;
+}
 
 ElementKind KindOfName(std::string_view name) {
     static constexpr ElementKind kOrder[] = {K::Button, K::Label, K::Text,

@@ -4,6 +4,7 @@
 #include "project/model.h"
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -75,7 +76,20 @@ enum class PropertyValueKind {
     CommandList, // a qonsole's commands
     Action,      // a sequence of statements
     FileName,    // below Res/uimages
+    FontName,
 };
+
+// The whole numbers a property holds; for a short range, the word of each number in turn.
+struct ValueRange {
+    std::int32_t low = std::numeric_limits<std::int32_t>::min();
+    std::int32_t high = std::numeric_limits<std::int32_t>::max();
+    std::string_view choices = {}; // "left|right|centre": low, low + 1, ...
+
+    constexpr bool Holds(std::int64_t value) const { return value >= low && value <= high; }
+};
+
+// Where the tool editor's property panel shows a property.
+enum class PropertyGroup { Element, Text, Layout, Font, Colours, Content, Action };
 
 // One key of an element's property cells. A key whose column differs by kind has a row per
 // column.
@@ -89,6 +103,9 @@ struct ElementProperty {
     void (*read)(ElementControl &control, std::string_view value, bool making);
     // The value as the control holds it now; nullptr where there is none to read back.
     std::string (*write)(const ElementControl &control);
+    ValueRange range; // what the editor stores, for a number, a colour or twips
+    PropertyGroup group;
+    std::string_view label; // the property for an author: "font size", "back colour"
 };
 
 // Every key, in column order.
@@ -98,6 +115,10 @@ std::span<const ElementProperty> ElementProperties();
 // when no row names the kind, the key's first row. nullptr for an unknown key.
 const ElementProperty *FindElementProperty(std::string_view key,
                                            ElementKind kind = ElementKind::Other);
+
+// A list's items as a list control takes them from its property: separated by "//", empty
+// ones passed over, ending at two empty ones in a row.
+std::vector<std::string> ListItemsOf(std::string_view value);
 
 // Applies one "key:value" property cell to a control. Unknown keys and properties the kind
 // doesn't have are passed over. A list's items and a console's commands are taken only when

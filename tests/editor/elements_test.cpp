@@ -154,6 +154,100 @@ TEST(SetElementProperty, ValuesAreCheckedAndKeptAsTheFileKeepsThem) {
         << "a text box's content never takes its kind's cell";
 }
 
+// What the property panel's editors and orrery edit set store: numbers within their range,
+// refused in words that say the range.
+TEST(SetElementProperty, NumbersAreHeldToTheirRanges) {
+    ProjectModel m = NewProject();
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Label, "note").refused());
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Button, "gogo").refused());
+    struct Row {
+        const char *element, *key, *value;
+        const char *refusal; // nullptr: stored as typed
+    };
+    const Row rows[] = {
+        {"labelnote", "fontsize", "999", nullptr},
+        {"labelnote", "fontsize", "0", "The font size is a whole number from 1 to 999."},
+        {"labelnote", "forecolor", "16777215", nullptr},
+        {"labelnote", "forecolor", "16777216",
+         "The fore colour is a whole number from 0 to 16777215."},
+        {"labelnote", "backcolor", "-1", "The back colour is a whole number from 0 to 16777215."},
+        {"labelnote", "alignment", "2", nullptr},
+        {"labelnote", "alignment", "3",
+         "The alignment is a whole number from 0 to 2: 0 left, 1 right, 2 centre."},
+        {"buttongogo", "alignment", "-1",
+         "The alignment is a whole number from 0 to 2: 0 left, 1 right, 2 centre."},
+        {"labelnote", "backstyle", "2",
+         "The back style is a whole number from 0 to 1: 0 transparent, 1 opaque."},
+        {"labelnote", "width", "0", nullptr},
+        {"labelnote", "height", "-15", "The height is a whole number from 0 to 1000000."},
+        {"labelnote", "width", "wide", "The width is a whole number from 0 to 1000000."},
+        {"labelnote", "left", "-600", nullptr},
+        {"labelnote", "top", "99999999", "The top is a whole number from -1000000 to 1000000."},
+        {"labelnote", "fontbold", "yes", "Bold is True or False."},
+    };
+    for (const Row &row : rows) {
+        const std::string before = Cell(m, row.element, row.key);
+        const Outcome outcome = SetElementProperty(m, {row.element}, row.key, row.value);
+        if (row.refusal) {
+            EXPECT_EQ(outcome.refusal, (Message{"Error", row.refusal}))
+                << row.key << "=" << row.value;
+            EXPECT_EQ(Cell(m, row.element, row.key), before);
+        } else {
+            EXPECT_FALSE(outcome.refused()) << row.key << "=" << row.value;
+            EXPECT_EQ(Cell(m, row.element, row.key), row.value);
+        }
+    }
+}
+
+TEST(SetElementProperties, ManyValuesOnManyElementsAreOneStepOrNone) {
+    ProjectModel m = NewProject();
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Label, "note").refused());
+    ASSERT_FALSE(AddElement(m, "Console", ElementKind::Button, "gogo").refused());
+    const std::string before = FileText(m);
+    const std::vector<std::string> both{"labelnote", "buttongogo"};
+    Outcome font = SetElementProperties(m, both,
+                                        {{"fontname", "Tahoma"},
+                                         {"fontsize", "12"},
+                                         {"fontbold", "true"},
+                                         {"fontitalic", "False"},
+                                         {"fontunderline", "True"}});
+    ASSERT_FALSE(font.refused());
+    EXPECT_EQ(font.change.name(), "Change Properties");
+    for (const std::string &name : both) {
+        EXPECT_EQ(Cell(m, name, "fontname"), "Tahoma");
+        EXPECT_EQ(Cell(m, name, "fontbold"), "True");
+    }
+    font.change.Undo(m);
+    EXPECT_EQ(FileText(m), before) << "one step";
+
+    const Outcome refused =
+        SetElementProperties(m, both, {{"fontname", "Tahoma"}, {"fontsize", "1000"}});
+    EXPECT_TRUE(refused.refused());
+    EXPECT_EQ(FileText(m), before) << "a refused value leaves the others unset";
+    EXPECT_EQ(SetElementProperties(m, both, {{"backstyle", "1"}}).refusal,
+              words::NoSuchProperty("button", "backstyle"));
+}
+
+TEST(PropertyItems, EntriesComeBackAsTheGameReadsThem) {
+    using V = PropertyValueKind;
+    const std::tuple<V, const char *, std::vector<std::string>, const char *> rows[] = {
+        {V::ListItems, "alpha//beta//", {"alpha", "beta"}, "alpha//beta//"},
+        {V::ListItems, "alpha////beta", {"alpha", "beta"}, "alpha//beta//"},
+        {V::ListItems, "alpha//////beta", {"alpha"}, "alpha//"}, // two empty ones end the list
+        {V::ListItems, "", {}, ""},
+        {V::CommandList, " DIR (list) `` HELP`", {"DIR (list)", "HELP"}, "DIR (list)`HELP"},
+    };
+    for (const auto &[kind, stored, items, written] : rows) {
+        EXPECT_EQ(PropertyItems(kind, stored), items) << stored;
+        EXPECT_EQ(ItemsProperty(kind, items), written) << stored;
+    }
+    EXPECT_EQ(
+        ItemsProperty(V::CommandList, PropertyItems(V::CommandList, words::kNewQonsoleCommands)),
+        words::kNewQonsoleCommands)
+        << "a new console's commands come back to the byte";
+    EXPECT_EQ(ItemsProperty(V::ListItems, {"a:b", " "}), "a-b//") << "no colon, no blank item";
+}
+
 TEST(NudgeElements, ManyInOneStepAndNoSizeBelowNothing) {
     ProjectModel m = NewProject();
     Random random(1);
