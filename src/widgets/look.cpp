@@ -32,6 +32,11 @@ QColor ToQColor(std::int32_t colour) {
                   static_cast<int>((value >> 16) & 0xFFu));
 }
 
+std::int32_t StoredColour(const QColor &colour) {
+    const QColor rgb = colour.toRgb();
+    return rgb.red() | rgb.green() << 8 | rgb.blue() << 16;
+}
+
 QString ToQString(std::string_view text) {
     const std::string utf8 = Cp1252ToUtf8(text);
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));

@@ -25,6 +25,8 @@ inline QRect PxRect(std::int32_t left, std::int32_t top, std::int32_t width, std
 // A stored colour: red in the low byte. The toolkit's system colours (the high bit set) are
 // read as the palette's nearest roles.
 QColor ToQColor(std::int32_t colour);
+// A colour as the project stores it: red + 256 green + 65536 blue.
+std::int32_t StoredColour(const QColor &colour);
 
 // Text of the system (Windows-1252) to and from the toolkit.
 QString ToQString(std::string_view text);
