@@ -9,7 +9,7 @@
 #include "foundation/preferences.h"
 #include "foundation/random.h"
 #include "foundation/text.h"
-#include "foundation/textfile.h"
+#include "onscreen.h"
 #include "platform/headless.h"
 #include "ratios.h"
 #include "runtime/desktopwindow.h"
@@ -27,17 +27,13 @@
 #include <QTimer>
 #include <benchmark/benchmark.h>
 #include <cstdio>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <sys/resource.h>
-#include <unistd.h>
 #include <vector>
 
 namespace orrery {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr const char *kBenchTool = "Bench";
 constexpr const char *kBenchTag = "bench";
@@ -45,43 +41,6 @@ constexpr int kGridColumns = 8;
 constexpr int kGridElements = 148; // and two consoles: 150
 constexpr int kToolElements = kGridElements + 2;
 const QSize kWindowSize(1280, 800);
-
-// A folder in memory when the system has one: a new game writes its profile and world durably,
-// and the disk's flushes would make the setup of each run far longer than the run.
-fs::path ScratchFolder() {
-    std::error_code error;
-    const fs::path shm = "/dev/shm";
-    if (fs::is_directory(shm, error) && ::access(shm.c_str(), W_OK) == 0) return shm;
-    return fs::temp_directory_path();
-}
-
-// A copy of the built application folder without its programs, removed at the end.
-class AppFolder {
-public:
-    AppFolder() {
-        const fs::path from = ORRERY_APP_DIR;
-        for (auto it = fs::recursive_directory_iterator(from);
-             it != fs::recursive_directory_iterator(); ++it) {
-            const fs::path to = m_root / fs::relative(it->path(), from);
-            if (it->is_directory())
-                fs::create_directories(to);
-            else if ((it->status().permissions() & fs::perms::owner_exec) == fs::perms::none)
-                fs::copy_file(it->path(), to, fs::copy_options::overwrite_existing);
-        }
-        fs::remove_all(m_root / "Saved");
-        fs::create_directories(m_root / "Saved");
-    }
-    ~AppFolder() {
-        std::error_code ignored;
-        fs::remove_all(m_dir, ignored);
-    }
-    const fs::path &root() const { return m_root; }
-    fs::path preferences() const { return m_dir / "prefs"; }
-
-private:
-    fs::path m_dir = ScratchFolder() / ("orrery-gui-bench-" + std::to_string(::getpid()));
-    fs::path m_root = m_dir / "app";
-};
 
 // One element row of the bench tool: its name, kind and properties.
 void SetElement(ProjectModel &project, int row, const std::string &kind, int n,
@@ -152,33 +111,6 @@ int AddBenchTool(ProjectModel &project) {
     return row;
 }
 
-void Settle() {
-    QCoreApplication::sendPostedEvents();
-    QApplication::processEvents();
-}
-
-// Counts the paint events delivered while it is on.
-class PaintCounter : public QObject {
-public:
-    PaintCounter() { qApp->installEventFilter(this); }
-    ~PaintCounter() override { qApp->removeEventFilter(this); }
-    bool eventFilter(QObject *watched, QEvent *event) override {
-        if (m_on && event->type() == QEvent::Paint) ++m_paints;
-        return QObject::eventFilter(watched, event);
-    }
-    void Start() { m_on = true; }
-    void Stop() { m_on = false; }
-    long long paints() const { return m_paints; }
-
-private:
-    bool m_on = false;
-    long long m_paints = 0;
-};
-
-std::string ProjectName(const AppPaths &paths) {
-    return Trim(ReplaceAll(ReadTextFile(paths.ProjectNameFile()), "\r\n", ""));
-}
-
 HostScreen WindowScreen() {
     HostScreen screen;
     screen.widthTwips = Twips(kWindowSize.width());
@@ -235,7 +167,7 @@ private:
         std::exit(1);
     }
 
-    AppFolder m_folder;
+    AppFolder m_folder{"gui-bench"};
     AppPaths m_paths{m_folder.root()};
     PreferenceStore m_preferences{m_folder.preferences()};
     Random m_random{7};
