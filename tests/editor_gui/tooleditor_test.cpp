@@ -126,6 +126,29 @@ TEST_F(ToolEditorGui, ShowsTheDemoToolWithASelection) {
     Shoot("tool_editor.png");
 }
 
+// The rows behind a deleted element close up: what stays selected is found by name, and
+// each mark still stands over its own element.
+TEST_F(ToolEditorGui, ASelectionKeepsItsElementsWhenOthersGo) {
+    ChooseTool("Cracker");
+    Canvas()->SelectAll();
+    std::vector<std::string> selected = Canvas()->selection();
+    ASSERT_GE(selected.size(), 3u);
+    const std::string gone = selected.front();
+    std::vector<QRect> marks;
+    for (const std::string &name : selected) marks.push_back(Canvas()->ElementRect(name));
+    ASSERT_TRUE(frame.Apply(DeleteElements(session.model(), {gone})));
+    selected.erase(selected.begin());
+    marks.erase(marks.begin());
+    EXPECT_EQ(Canvas()->selection(), selected);
+    EXPECT_TRUE(Canvas()->ElementRect(gone).isNull());
+    for (std::size_t i = 0; i < selected.size(); ++i)
+        EXPECT_EQ(Canvas()->ElementRect(selected[i]), marks[i]) << selected[i];
+    // Back by undo, it is there again but not selected.
+    frame.findChild<QAction *>("mnuundo")->trigger();
+    EXPECT_FALSE(Canvas()->ElementRect(gone).isNull());
+    EXPECT_EQ(Canvas()->selection(), selected);
+}
+
 TEST_F(ToolEditorGui, AToolBuiltFromNothingUndoesStepByStepAndPlaysAsPreviewed) {
     const std::string before = FileBytes();
     QUndoStack &undo = *frame.undoStack();

@@ -4,6 +4,7 @@
 #include "editor/session.h"
 #include "editor/snap.h"
 #include "editor/words.h"
+#include "foundation/text.h"
 #include "widgets/look.h"
 #include "widgets/toolview.h"
 
@@ -31,6 +32,20 @@ constexpr int kSnapReach = 6; // pixels within which an edge pulls a dragged ele
 bool Ask(QWidget *parent, const Question &question) {
     return QMessageBox::question(parent, ToQString(question.title), ToQString(question.text),
                                  QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+// The names that still name an element of the model, as ElementRowByName finds them (the
+// first row of that name form, on a tool), in one walk of the table rather than one a name.
+std::vector<std::string> StillThere(const ProjectModel &model, std::vector<std::string> names) {
+    std::unordered_map<std::string, int> firstRow;
+    for (int row = 1; row <= kElementRows; ++row)
+        if (std::string form = NormText(model.Element(row)[kNameColumn]); !form.empty())
+            firstRow.emplace(std::move(form), row);
+    std::erase_if(names, [&](const std::string &name) {
+        const auto found = firstRow.find(NormText(name));
+        return found == firstRow.end() || IsBlank(model.Element(found->second)[kToolColumn]);
+    });
+    return names;
 }
 
 } // namespace
@@ -112,10 +127,12 @@ void ToolCanvas::Reload() {
     }
     m_view->sync();
     for (QWidget *child : m_view->findChildren<QWidget *>()) child->setFocusPolicy(Qt::NoFocus);
+    m_rowOfTag.clear();
+    for (int row : m_host.desk().TLinkRows())
+        if (const ElementControl *c = m_host.control(row)) m_rowOfTag.emplace(c->tag, row);
     const auto before = m_selection.size();
-    std::erase_if(m_selection, [this](const std::string &name) {
-        return ElementRowByName(m_context.session->model(), name) == 0;
-    });
+    if (!m_selection.empty())
+        m_selection = StillThere(m_context.session->model(), std::move(m_selection));
     Fit();
     m_layer->raise();
     m_layer->update();
@@ -147,9 +164,8 @@ QRect ToolCanvas::RowRect(int row) const {
 }
 
 QRect ToolCanvas::ElementRect(const std::string &name) const {
-    for (int row : m_host.desk().TLinkRows())
-        if (const ElementControl *c = m_host.control(row); c && c->tag == name) return RowRect(row);
-    return {};
+    const auto found = m_rowOfTag.find(name);
+    return found == m_rowOfTag.end() ? QRect() : RowRect(found->second);
 }
 
 int ToolCanvas::RowAt(QPoint at) const {

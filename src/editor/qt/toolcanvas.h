@@ -15,6 +15,7 @@
 #include <QWidget>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace orrery {
@@ -86,6 +87,7 @@ private:
     EditorContext m_context;
     PreviewHost m_host;
     ToolView *m_view = nullptr;
+    std::unordered_map<std::string, int> m_rowOfTag; // the first row shown with each tag
     SelectionLayer *m_layer;
     std::string m_tool;
     std::vector<std::string> m_selection;
