@@ -20,6 +20,9 @@
 
 #include <QAction>
 #include <QCheckBox>
+#include <QColorDialog>
+#include <QFontDialog>
+#include <QToolButton>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QListWidget>
@@ -168,6 +171,34 @@ TEST_F(ToolEditorGui, AToolBuiltFromNothingUndoesStepByStepAndPlaysAsPreviewed) 
     Find<QCheckBox>("Check8")->setChecked(false);
     EXPECT_EQ(told, (std::vector<std::string>{words::kArrayTooBig.text, words::kArrayWarning.text}));
     EXPECT_EQ(Canvas()->host().elements(1).size(), 15u);
+
+    // Captions, a font and a colour from the property panel, each one step.
+    Canvas()->Select({"labelprobestatus"});
+    auto *caption = Find<QLineEdit>("caption");
+    ASSERT_NE(caption, nullptr);
+    caption->clear();
+    QTest::keyClicks(caption, "Signal");
+    QTest::keyClick(caption, Qt::Key_Return);
+    EXPECT_EQ(Cell("labelprobestatus", "caption"), "Signal");
+    Canvas()->Select({"labelprobestatus", "buttonprobego"});
+    QFont chosen("DejaVu Serif");
+    chosen.setPointSize(12);
+    chosen.setBold(true);
+    test::WhenModal<QFontDialog>([chosen](QFontDialog *dialog) {
+        dialog->setCurrentFont(chosen);
+        dialog->accept();
+    });
+    const int beforeFont = undo.index();
+    Find<QPushButton>("fontname")->click();
+    EXPECT_EQ(undo.index(), beforeFont + 1);
+    EXPECT_EQ(Cell("buttonprobego", "fontsize"), "12");
+    test::WhenModal<QColorDialog>([](QColorDialog *dialog) {
+        dialog->setCurrentColor(QColor(0, 255, 128));
+        dialog->accept();
+    });
+    Find<QToolButton>("forecolor")->click();
+    EXPECT_EQ(Cell("labelprobestatus", "forecolor"), "8453888"); // 0x80ff00: red in the low byte
+    EXPECT_EQ(Cell("buttonprobego", "forecolor"), "8453888");
     const int built = undo.index();
 
     // A drag comes to rest on the grid, one step however far it went.

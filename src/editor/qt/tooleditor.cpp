@@ -3,7 +3,14 @@
 
 #include "editor/elements.h"
 #include "editor/qt/qombodialog.h"
+#include "editor/qt/helppage.h"
+#include "editor/qt/propertypanel.h"
+#include "editor/qt/qlobpage.h"
 #include "editor/qt/shellparts.h"
+#include "editor/qt/sidemenupage.h"
+#include "editor/qt/startuppage.h"
+#include "editor/qt/toolsubpage.h"
+#include "editor/qt/variablepage.h"
 #include "editor/qt/toolcanvas.h"
 #include "desk/tools.h"
 #include "editor/session.h"
@@ -98,14 +105,21 @@ ToolEditor::ToolEditor(EditorContext context, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tabs);
-    AddPage(MakeToolsPage(), tr("Tools and Elements"));
+    m_tabs->addTab(MakeToolsPage(), tr("Tools and Elements"));
+    AddPage(new QlobPage(m_context), tr("Qlobs"));
+    AddPage(new VariablePage(m_context), tr("Variables"));
+    AddPage(new SideMenuPage(m_context), tr("Side Menu"));
+    AddPage(new ToolSubPage(m_context), tr("Tool Subs"));
+    AddPage(new StartupPage(m_context), tr("Start-up"));
+    AddPage(new HelpPage(m_context), tr("Help"));
     ReloadTools();
     if (m_tools->count() > 0) m_tools->setCurrentRow(0);
     UpdateCommands();
 }
 
-void ToolEditor::AddPage(QWidget *page, const QString &caption) {
+void ToolEditor::AddPage(EditorPage *page, const QString &caption) {
     m_tabs->addTab(page, caption);
+    m_pages.push_back(page);
 }
 
 QWidget *ToolEditor::MakeToolsPage() {
@@ -113,11 +127,12 @@ QWidget *ToolEditor::MakeToolsPage() {
     split->setObjectName("ToolsPage");
     split->addWidget(MakeSidebar());
     split->addWidget(MakeDesignArea());
-    m_properties = new QWidget;
-    m_properties->setObjectName("PropertyPanel");
+    m_properties = new PropertyPanel(m_context);
     m_properties->setMinimumWidth(260);
-    m_properties->setMaximumWidth(420);
+    m_properties->setMaximumWidth(440);
     split->addWidget(m_properties);
+    connect(m_canvas, &ToolCanvas::selectionChanged, m_properties,
+            [this] { m_properties->ShowElements(m_canvas->selection()); });
     split->setStretchFactor(1, 1);
     split->setCollapsible(1, false);
     split->setSizes({220, 760, 300});
@@ -248,7 +263,8 @@ std::optional<ElementKind> ToolEditor::CurrentKind() const {
 void ToolEditor::Reload() {
     ReloadTools();
     m_canvas->Reload();
-    for (const auto &reload : m_reloads) reload();
+    m_properties->Reload();
+    for (EditorPage *page : m_pages) page->Reload();
     UpdateCommands();
 }
 

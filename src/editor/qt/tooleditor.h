@@ -19,6 +19,8 @@ class QToolBar;
 
 namespace orrery {
 
+class EditorPage;
+class PropertyPanel;
 class ToolCanvas;
 
 class ToolEditor : public QWidget {
@@ -48,7 +50,7 @@ private:
     QWidget *MakeToolsPage();
     QWidget *MakeSidebar();
     QWidget *MakeDesignArea();
-    void AddPage(QWidget *page, const QString &caption);
+    void AddPage(EditorPage *page, const QString &caption);
     void ReloadTools();
     void ShowCurrentTool();
     void AddArray(const std::string &tool, ElementKind kind);
@@ -62,8 +64,8 @@ private:
     QCheckBox *m_array = nullptr;
     QToolBar *m_commands = nullptr;
     ToolCanvas *m_canvas = nullptr;
-    QWidget *m_properties = nullptr;
-    std::vector<std::function<void()>> m_reloads; // the pages' own
+    PropertyPanel *m_properties = nullptr;
+    std::vector<EditorPage *> m_pages;
 };
 
 } // namespace orrery
