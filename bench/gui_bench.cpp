@@ -40,7 +40,6 @@ constexpr const char *kBenchTag = "bench";
 constexpr int kGridColumns = 8;
 constexpr int kGridElements = 148; // and two consoles: 150
 constexpr int kToolElements = kGridElements + 2;
-const QSize kWindowSize(1280, 800);
 
 // One element row of the bench tool: its name, kind and properties.
 void SetElement(ProjectModel &project, int row, const std::string &kind, int n,
@@ -111,13 +110,6 @@ int AddBenchTool(ProjectModel &project) {
     return row;
 }
 
-HostScreen WindowScreen() {
-    HostScreen screen;
-    screen.widthTwips = Twips(kWindowSize.width());
-    screen.heightTwips = Twips(kWindowSize.height());
-    return screen;
-}
-
 // The application copied once, and two plays of the demo project with the bench tool: one on
 // screen through the Qt host, one without any window on the headless host.
 class Stage {
@@ -135,21 +127,9 @@ public:
     }
 
     // A new game on a new desktop window, shown and painted after its first activation.
-    DesktopWindow &EnterOnScreen() {
-        m_desktop.reset();
-        if (!m_screen.NewGame("Bench").ok) Fail("cannot start a game on screen");
-        m_desktop = std::make_unique<DesktopWindow>(m_screen, m_host);
-        m_desktop->resize(kWindowSize);
-        m_desktop->show();
-        m_desktop->enter();
-        Settle();
-        return *m_desktop;
-    }
+    DesktopWindow &EnterOnScreen() { return orrery::EnterOnScreen(m_desktop, m_screen, m_host); }
     // Ends the game on screen: its host stops ticking.
-    void LeaveScreen() {
-        m_desktop.reset();
-        if (m_screen.Playing()) m_screen.Exit();
-    }
+    void LeaveScreen() { orrery::LeaveScreen(m_desktop, m_screen); }
     Game &EnterModel() {
         if (!m_model.NewGame("Model").ok) Fail("cannot start a game without a window");
         m_model.EnterDesktop();

@@ -3,8 +3,14 @@
 
 #include "foundation/text.h"
 #include "foundation/textfile.h"
+#include "runtime/desktopwindow.h"
+#include "runtime/qthost.h"
+#include "session/playsession.h"
+#include "widgets/look.h"
 
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 #include <unistd.h>
 
 namespace orrery {
@@ -65,6 +71,33 @@ PaintCounter::~PaintCounter() {
 bool PaintCounter::eventFilter(QObject *watched, QEvent *event) {
     if (m_on && event->type() == QEvent::Paint) ++m_paints;
     return QObject::eventFilter(watched, event);
+}
+
+HostScreen WindowScreen() {
+    HostScreen screen;
+    screen.widthTwips = Twips(kWindowSize.width());
+    screen.heightTwips = Twips(kWindowSize.height());
+    return screen;
+}
+
+DesktopWindow &EnterOnScreen(std::unique_ptr<DesktopWindow> &desktop, PlaySession &play,
+                             QtHost &host) {
+    desktop.reset();
+    if (!play.NewGame("Bench").ok) {
+        std::fprintf(stderr, "bench: cannot start a game on screen\n");
+        std::exit(1);
+    }
+    desktop = std::make_unique<DesktopWindow>(play, host);
+    desktop->resize(kWindowSize);
+    desktop->show();
+    desktop->enter();
+    Settle();
+    return *desktop;
+}
+
+void LeaveScreen(std::unique_ptr<DesktopWindow> &desktop, PlaySession &play) {
+    desktop.reset();
+    if (play.Playing()) play.Exit();
 }
 
 } // namespace orrery

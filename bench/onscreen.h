@@ -1,14 +1,33 @@
-// What the benchmarks on screen share: a scratch copy of the built application folder, a
-// settle of the event loop, and a count of the paint events delivered.
+// What the benchmarks on screen share: a scratch copy of the built application folder, the
+// window's size, a game entered on a desktop window and left, a settle of the event loop, and
+// a count of the paint events delivered.
 #pragma once
 
 #include "foundation/paths.h"
+#include "project/defaults.h"
 
 #include <QObject>
+#include <QSize>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 namespace orrery {
+
+class DesktopWindow;
+class PlaySession;
+class QtHost;
+
+// The size of every window the benchmarks show, and the screen a project is opened for.
+inline const QSize kWindowSize(1280, 800);
+HostScreen WindowScreen();
+
+// A new game of the session on a new desktop window, shown and painted after its first
+// activation; the window held before goes first. Ends the program when no game starts.
+DesktopWindow &EnterOnScreen(std::unique_ptr<DesktopWindow> &desktop, PlaySession &play,
+                             QtHost &host);
+// Ends the game on screen: the window goes and its host stops ticking.
+void LeaveScreen(std::unique_ptr<DesktopWindow> &desktop, PlaySession &play);
 
 // A copy of the built application folder without its programs, in memory when the system
 // has a folder there, with an empty Saved; removed at the end.

@@ -44,7 +44,6 @@ constexpr int kToolElements = kGridElements + 2;
 constexpr int kDragged = 50;
 constexpr const char *kLargestName = "Nudge Game";
 constexpr const char *kLargestTool = "Connector Tool 1";
-const QSize kWindowSize(1280, 800);
 
 // One element of the bench tool as the editor adds it: its kind, its name and its place, and
 // the properties set on it after.
@@ -126,13 +125,6 @@ ProjectModel LargestTool() {
     return model;
 }
 
-HostScreen WindowScreen() {
-    HostScreen screen;
-    screen.widthTwips = Twips(kWindowSize.width());
-    screen.heightTwips = Twips(kWindowSize.height());
-    return screen;
-}
-
 int ViewsShown(const ToolView *view, const std::vector<int> &rows) {
     int shown = 0;
     for (const int row : rows) shown += view && view->element(row);
@@ -170,20 +162,8 @@ public:
     }
 
     // A new game on a new desktop window, shown and painted after its first activation.
-    DesktopWindow &EnterOnScreen() {
-        m_desktop.reset();
-        if (!m_play.NewGame("Bench").ok) Fail("cannot start a game on screen");
-        m_desktop = std::make_unique<DesktopWindow>(m_play, m_host);
-        m_desktop->resize(kWindowSize);
-        m_desktop->show();
-        m_desktop->enter();
-        Settle();
-        return *m_desktop;
-    }
-    void LeaveScreen() {
-        m_desktop.reset();
-        if (m_play.Playing()) m_play.Exit();
-    }
+    DesktopWindow &EnterOnScreen() { return orrery::EnterOnScreen(m_desktop, m_play, m_host); }
+    void LeaveScreen() { orrery::LeaveScreen(m_desktop, m_play); }
     Game &game() { return m_play.game(); }
     const AppPaths &paths() const { return m_paths; }
 

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 #include <array>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace orrery {
 
@@ -146,10 +148,10 @@ std::optional<Message> AddNamed(Transaction &t, std::string_view tool, ElementKi
 // The rows of the named elements, or the refusal for a name no element has.
 std::optional<Message> RowsOf(const ProjectModel &model, const std::vector<std::string> &names,
                               std::vector<int> &rows) {
-    for (const std::string &name : names) {
-        const int row = ElementRowByName(model, name);
+    std::unordered_set<int> taken;
+    for (const int row : ElementRowsByName(model, names)) {
         if (!row) return words::kNoSuchElement;
-        if (std::find(rows.begin(), rows.end(), row) == rows.end()) rows.push_back(row);
+        if (taken.insert(row).second) rows.push_back(row);
     }
     return std::nullopt;
 }
@@ -159,7 +161,6 @@ void SetCell(Transaction &t, int row, std::string_view key, std::string_view val
     ElementRow element = t.model().Element(row);
     if (SetPropertyValue(element, key, value)) t.Set(place::ElementRowAt(row), element);
 }
-
 
 // The value as the property keeps it, or the refusal.
 std::optional<Message> Storable(const ElementProperty &property, const ProjectModel &model,
@@ -260,6 +261,21 @@ bool ElementNameExists(const ProjectModel &model, std::string_view name) {
             NormText(model.Element(row)[kNameColumn]).ends_with(wanted))
             return true;
     return false;
+}
+
+std::vector<int> ElementRowsByName(const ProjectModel &model, const std::vector<std::string> &names) {
+    std::unordered_map<std::string, int> firstRow;
+    for (int row = 1; row <= kElementRows; ++row)
+        if (std::string form = NormText(model.Element(row)[kNameColumn]); !form.empty())
+            firstRow.emplace(std::move(form), row);
+    std::vector<int> rows;
+    rows.reserve(names.size());
+    for (const std::string &name : names) {
+        const auto found = firstRow.find(NormText(name));
+        const bool onTool = found != firstRow.end() && !IsBlank(model.Element(found->second)[kToolColumn]);
+        rows.push_back(onTool ? found->second : 0);
+    }
+    return rows;
 }
 
 int ElementRowByName(const ProjectModel &model, std::string_view name) {

@@ -33,6 +33,9 @@ std::string CleanElementName(std::string_view typed);
 bool ElementNameExists(const ProjectModel &model, std::string_view name);
 // The row of the element with that stored name (any case), 0 when none.
 int ElementRowByName(const ProjectModel &model, std::string_view name);
+// The rows of the named elements, in the names' order, each as ElementRowByName finds it (0
+// when none), in one walk of the table however many names: a selection may hold them all.
+std::vector<int> ElementRowsByName(const ProjectModel &model, const std::vector<std::string> &names);
 
 // AddEl: an element of a kind on a tool, named as the author typed it, with the project's
 // default style for its kind. A name too short after cleaning, or one in use, is refused.

@@ -34,6 +34,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <unordered_set>
 
 namespace orrery {
 
@@ -211,12 +212,10 @@ void PropertyPanel::ShowElements(std::vector<std::string> names) {
     KindSet kinds = 0;
     if (m_context.session && m_context.session->IsOpen()) {
         const ProjectModel &model = m_context.session->model();
-        for (const std::string &name : names) {
-            const int row = ElementRowByName(model, name);
-            const std::string stored = row ? NormText(model.Element(row)[kNameColumn]) : "";
-            if (!row || std::find(m_names.begin(), m_names.end(), stored) != m_names.end())
-                continue;
-            m_names.push_back(stored);
+        std::unordered_set<int> shown;
+        for (const int row : ElementRowsByName(model, names)) {
+            if (!row || !shown.insert(row).second) continue;
+            m_names.push_back(NormText(model.Element(row)[kNameColumn]));
             kinds = static_cast<KindSet>(kinds | KindBit(KindOfElement(model, row)));
         }
     }
@@ -258,8 +257,7 @@ void PropertyPanel::ShowValues() {
         return;
     }
     const ProjectModel &model = m_context.session->model();
-    std::vector<int> rows;
-    for (const std::string &name : m_names) rows.push_back(ElementRowByName(model, name));
+    const std::vector<int> rows = ElementRowsByName(model, m_names);
     if (std::find(rows.begin(), rows.end(), 0) != rows.end()) {
         // An element has gone without a word to the panel: it is dropped once whatever runs
         // now, perhaps one of the editors, has returned.
@@ -725,8 +723,9 @@ bool PropertyPanel::SetItems(std::string_view key, const std::vector<std::string
     if (editor == m_editors.end()) return false;
     // The same entries stored another way ("a//b" and "a//b//") are no change.
     const ProjectModel &model = m_context.session->model();
-    const bool same = std::all_of(m_names.begin(), m_names.end(), [&](const std::string &name) {
-        const auto value = PropertyValue(model.Element(ElementRowByName(model, name)), key);
+    const std::vector<int> rows = ElementRowsByName(model, m_names);
+    const bool same = std::all_of(rows.begin(), rows.end(), [&](int row) {
+        const auto value = PropertyValue(model.Element(row), key);
         return PropertyItems(editor->property->value, value.value_or("")) == items;
     });
     if (same) return false;

@@ -1,10 +1,10 @@
 // The preview and its gestures.
 #include "editor/qt/toolcanvas.h"
 
+#include "editor/qt/shellparts.h"
 #include "editor/session.h"
 #include "editor/snap.h"
 #include "editor/words.h"
-#include "foundation/text.h"
 #include "widgets/look.h"
 #include "widgets/toolview.h"
 
@@ -12,10 +12,10 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
+#include <unordered_set>
 
 namespace orrery {
 
@@ -27,26 +27,6 @@ const QColor kSurface(58, 62, 70);
 const QColor kMark(64, 156, 255);
 const QColor kGuide(255, 92, 160);
 constexpr int kSnapReach = 6; // pixels within which an edge pulls a dragged element
-
-// A question of the system's, answered Yes or No.
-bool Ask(QWidget *parent, const Question &question) {
-    return QMessageBox::question(parent, ToQString(question.title), ToQString(question.text),
-                                 QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
-}
-
-// The names that still name an element of the model, as ElementRowByName finds them (the
-// first row of that name form, on a tool), in one walk of the table rather than one a name.
-std::vector<std::string> StillThere(const ProjectModel &model, std::vector<std::string> names) {
-    std::unordered_map<std::string, int> firstRow;
-    for (int row = 1; row <= kElementRows; ++row)
-        if (std::string form = NormText(model.Element(row)[kNameColumn]); !form.empty())
-            firstRow.emplace(std::move(form), row);
-    std::erase_if(names, [&](const std::string &name) {
-        const auto found = firstRow.find(NormText(name));
-        return found == firstRow.end() || IsBlank(model.Element(found->second)[kToolColumn]);
-    });
-    return names;
-}
 
 } // namespace
 
@@ -130,9 +110,9 @@ void ToolCanvas::Reload() {
     m_rowOfTag.clear();
     for (int row : m_host.desk().TLinkRows())
         if (const ElementControl *c = m_host.control(row)) m_rowOfTag.emplace(c->tag, row);
+    // What stays selected is what the preview still shows.
     const auto before = m_selection.size();
-    if (!m_selection.empty())
-        m_selection = StillThere(m_context.session->model(), std::move(m_selection));
+    std::erase_if(m_selection, [this](const std::string &name) { return !m_rowOfTag.count(name); });
     Fit();
     m_layer->raise();
     m_layer->update();
@@ -156,8 +136,8 @@ QRect ToolCanvas::RowRect(int row) const {
     if (m_gesture == Gesture::Dragging) {
         const auto from = m_dragFrom.find(c->tag);
         if (from != m_dragFrom.end()) {
-            left = from->second.left + m_dx;
-            top = from->second.top + m_dy;
+            left = from->second.box.left + m_dx;
+            top = from->second.box.top + m_dy;
         }
     }
     return PxRect(left, top, c->width, c->height).translated(m_view->pos());
@@ -272,7 +252,7 @@ void ToolCanvas::mouseMoveEvent(QMouseEvent *event) {
     switch (m_gesture) {
     case Gesture::Pressed:
         if ((at - m_pressAt).manhattanLength() >= QApplication::startDragDistance()) {
-            BeginDrag(at, m_grabbed);
+            BeginDrag();
             DragTo(at, toElements);
         }
         return;
@@ -292,11 +272,15 @@ void ToolCanvas::mouseReleaseEvent(QMouseEvent *event) {
     m_layer->update();
 }
 
-void ToolCanvas::BeginDrag(QPoint, const std::string &) {
+void ToolCanvas::BeginDrag() {
+    const std::unordered_set<std::string> selected(m_selection.begin(), m_selection.end());
     m_dragFrom.clear();
-    for (const std::string &name : m_selection)
-        for (const auto &[row, c] : m_host.elements(PreviewHost::kBox))
-            if (c->tag == name) m_dragFrom[name] = {c->left, c->top};
+    m_others.clear();
+    for (const auto &[row, c] : m_host.elements(PreviewHost::kBox)) {
+        const Box box{c->left, c->top, c->width, c->height};
+        if (selected.count(c->tag)) m_dragFrom.emplace(c->tag, Grabbed{row, box});
+        else m_others.push_back(box);
+    }
     m_dx = m_dy = 0;
     m_gesture = Gesture::Dragging;
 }
@@ -305,27 +289,17 @@ void ToolCanvas::BeginDrag(QPoint, const std::string &) {
 // line of another element within reach; the others keep their places beside it.
 void ToolCanvas::DragTo(QPoint at, bool toElements) {
     const auto held = m_dragFrom.find(m_grabbed);
-    const ElementControl *heldControl = nullptr;
-    std::vector<Box> others;
-    for (const auto &[row, c] : m_host.elements(PreviewHost::kBox)) {
-        if (c->tag == m_grabbed) heldControl = c;
-        else if (!m_dragFrom.count(c->tag)) others.push_back({c->left, c->top, c->width, c->height});
-    }
-    if (held == m_dragFrom.end() || !heldControl) return;
+    if (held == m_dragFrom.end()) return;
+    const Box &from = held->second.box;
     const QPoint moved = at - m_pressAt;
-    const Box raw{held->second.left + Twips(moved.x()), held->second.top + Twips(moved.y()),
-                  heldControl->width, heldControl->height};
-    if (!toElements) others.clear();
-    const Snapped rest = SnapDrag(raw, others, Twips(kSnapReach));
-    m_dx = rest.left - held->second.left;
-    m_dy = rest.top - held->second.top;
+    const Box raw{from.left + Twips(moved.x()), from.top + Twips(moved.y()), from.width, from.height};
+    const Snapped rest = SnapDrag(raw, toElements ? m_others : std::vector<Box>{}, Twips(kSnapReach));
+    m_dx = rest.left - from.left;
+    m_dy = rest.top - from.top;
     m_guides = rest;
-    for (const auto &[row, c] : m_host.elements(PreviewHost::kBox)) {
-        const auto from = m_dragFrom.find(c->tag);
-        ElementView *view = m_view->element(row);
-        if (from == m_dragFrom.end() || !view) continue;
-        view->widget()->move(Px(from->second.left + m_dx), Px(from->second.top + m_dy));
-    }
+    for (const auto &[name, grabbed] : m_dragFrom)
+        if (ElementView *view = m_view->element(grabbed.row))
+            view->widget()->move(Px(grabbed.box.left + m_dx), Px(grabbed.box.top + m_dy));
     m_layer->update();
 }
 

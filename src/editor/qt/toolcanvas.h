@@ -70,14 +70,16 @@ protected:
 private:
     friend class SelectionLayer;
     struct Grabbed {
-        std::int32_t left, top;
+        int row;
+        Box box; // where it stood as the drag began
     };
     // The row of the element drawn topmost at a point of the canvas; 0 for none.
     int RowAt(QPoint at) const;
     std::string NameOf(int row) const;
     QRect RowRect(int row) const;
     bool Selected(const std::string &name) const;
-    void BeginDrag(QPoint at, const std::string &grabbed);
+    // The selection's places as the drag of m_grabbed begins.
+    void BeginDrag();
     void DragTo(QPoint at, bool toElements);
     void EndDrag();
     void BandTo(QPoint at);
@@ -97,7 +99,8 @@ private:
     enum class Gesture { None, Pressed, Dragging, Band } m_gesture = Gesture::None;
     QPoint m_pressAt;
     std::string m_grabbed;                      // the element the drag holds
-    std::map<std::string, Grabbed> m_dragFrom;  // where each selected element stood
+    std::map<std::string, Grabbed> m_dragFrom;  // the selected elements, by name
+    std::vector<Box> m_others;                  // the elements not dragged, to line up with
     std::int32_t m_dx = 0, m_dy = 0;            // the drag so far, snapped, in twips
     Snapped m_guides;                           // the edges the held element rests against
     QRect m_band;

@@ -28,7 +28,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QScrollArea>
@@ -305,10 +304,7 @@ void ToolEditor::AddTool() {
 void ToolEditor::RemoveTool() {
     const std::string tool = CurrentTool();
     if (tool.empty()) return;
-    const Question &ask = words::kDeleteTool;
-    if (QMessageBox::question(this, ToQString(ask.title), ToQString(ask.text),
-                              QMessageBox::Yes | QMessageBox::No) != QMessageBox::Yes)
-        return;
+    if (!Ask(this, words::kDeleteTool)) return;
     m_context.apply(orrery::RemoveTool(m_context.session->model(), tool));
 }
 
