@@ -295,7 +295,8 @@ Outcome AddElement(ProjectModel &model, std::string_view tool, ElementKind kind,
 }
 
 Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
-                 std::string_view count, Random &random, std::string_view typedStem) {
+                 std::string_view count, Random &random, std::string_view typedStem,
+                 Position at) {
     Transaction t(model, "Add Array");
     const int n = RoundToInt32(Val(count)).value_or(0);
     if (n <= 0) return t.Commit();
@@ -307,7 +308,7 @@ Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
                                  : CleanElementName(typedStem);
     for (int i = 1; i <= n; ++i) {
         const std::string name = stem + "(" + IntText(i) + ")";
-        if (auto refusal = AddNamed(t, owner, kind, name, name, {})) return t.Refuse(*refusal);
+        if (auto refusal = AddNamed(t, owner, kind, name, name, at)) return t.Refuse(*refusal);
     }
     return t.Commit({words::kArrayWarning});
 }

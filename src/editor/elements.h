@@ -45,7 +45,8 @@ Outcome AddElement(ProjectModel &model, std::string_view tool, ElementKind kind,
 // what the author typed. At most 12; 0 or not a number adds nothing. The stem is a random
 // number from 1000 to 8999, or the cleaned name given.
 Outcome AddArray(ProjectModel &model, std::string_view tool, ElementKind kind,
-                 std::string_view count, Random &random, std::string_view stem = {});
+                 std::string_view count, Random &random, std::string_view stem = {},
+                 Position at = {});
 
 // Sets one property of the named elements, all in one step. The value is checked against
 // what the property holds: a number against its range, a flag as True or False, a tool by its

@@ -31,6 +31,28 @@ int FindVariable(const ProjectModel &model, std::string_view name) {
     return 0;
 }
 
+std::string DollarName(std::string_view typed) {
+    std::string name = Trim(typed);
+    if (!name.starts_with('$')) name.insert(0, "$");
+    return name;
+}
+
+// Stores a variable's default value in its slot: a value the file cannot hold is refused, and
+// underscores become dashes, with a note.
+Outcome StoreVariable(Transaction &t, int slot, const std::string &name,
+                      std::string_view typedValue) {
+    std::string value(typedValue);
+    if (value.find('=') != std::string::npos || UnwritableValue(value))
+        return t.Refuse(words::kUnwritableValue);
+    std::vector<Message> notes;
+    if (value.find('_') != std::string::npos) {
+        notes.push_back(words::kUnderscoresToDashes);
+        std::replace(value.begin(), value.end(), '_', '-');
+    }
+    t.Set(place::Slot(&ProjectModel::VariableTable, slot), Variable{name, Trim(value)});
+    return t.Commit(std::move(notes));
+}
+
 int FindToolSub(const ProjectModel &model, std::string_view key) {
     for (int slot = 1; slot <= decltype(model.ToolSubTable)::kSize; ++slot)
         if (!IsBlank(model.ToolSubTable[slot].key) &&
@@ -57,31 +79,25 @@ std::string QlobName(std::string_view typed) {
 
 Outcome AddXVar(ProjectModel &model, std::string_view typed, std::string_view typedValue) {
     Transaction t(model, "New Variable");
-    std::string name = Trim(typed);
-    if (name.empty()) return t.Commit();
-    if (!name.starts_with('$')) name.insert(0, "$");
+    if (Trim(typed).empty()) return t.Commit();
+    const std::string name = DollarName(typed);
     if (CountVariables(model) >= kVariableListLimit) return t.Refuse(words::kTooManyVariables);
-    std::string value(typedValue);
     if (auto problem = UnwritableName(name)) return t.Refuse(*problem);
-    if (name.find('=') != std::string::npos || value.find('=') != std::string::npos ||
-        UnwritableValue(value))
-        return t.Refuse(words::kUnwritableValue);
+    if (name.find('=') != std::string::npos) return t.Refuse(words::kUnwritableValue);
     if (FindVariable(model, name)) return t.Refuse(words::kVariableExists);
-    std::vector<Message> notes;
-    if (value.find('_') != std::string::npos) {
-        notes.push_back(words::kUnderscoresToDashes);
-        std::replace(value.begin(), value.end(), '_', '-');
-    }
-    t.Set(place::Slot(&ProjectModel::VariableTable, FirstFreeVariable(model)),
-          Variable{name, Trim(value)});
-    return t.Commit(std::move(notes));
+    return StoreVariable(t, FirstFreeVariable(model), name, typedValue);
+}
+
+Outcome SetVarValue(ProjectModel &model, std::string_view name, std::string_view value) {
+    Transaction t(model, "Variable Value");
+    const int slot = FindVariable(model, DollarName(name));
+    if (!slot) return t.Refuse(words::kNoSuchVariable);
+    return StoreVariable(t, slot, model.VariableTable[slot].name, value);
 }
 
 Outcome RemoveVar(ProjectModel &model, std::string_view name) {
     Transaction t(model, "Remove Variable");
-    std::string wanted = Trim(name);
-    if (!wanted.starts_with('$')) wanted.insert(0, "$");
-    const int slot = FindVariable(model, wanted);
+    const int slot = FindVariable(model, DollarName(name));
     if (!slot) return t.Refuse(words::kNoSuchVariable);
     t.Set(place::Slot(&ProjectModel::VariableTable, slot), Variable{});
     return t.Commit();

@@ -18,6 +18,8 @@ inline constexpr std::array<std::string_view, 7> kToolSubs{
 // A new user variable with its default value; a name without its "$" gets one. At most 250
 // in the list; underscores of the value become dashes, with a note.
 Outcome AddXVar(ProjectModel &model, std::string_view name, std::string_view value);
+// A variable's new default value, checked as AddXVar checks it.
+Outcome SetVarValue(ProjectModel &model, std::string_view name, std::string_view value);
 Outcome RemoveVar(ProjectModel &model, std::string_view name);
 
 // The name a qlob is stored under: the typed name trimmed, blanks as underscores, upper case.

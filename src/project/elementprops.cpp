@@ -165,7 +165,7 @@ constexpr ElementProperty kProperties[] = {
                                                  kAny,         G::Content,  "items"},
     {"text",            11, KindBit(K::Text),    V::Text,        kText,         kTextOut,
                                                  kAny,         G::Text,     "text"},
-    {"caption",         11, kCaptioned,          V::Text,        kCaption,      kCaptionOut,
+    {"caption",         11, kCaptioned,          V::Lines,       kCaption,      kCaptionOut,
                                                  kAny,         G::Text,     "caption"},
     {"backstyle",       12, KindBit(K::Label),   V::Number,      kBackStyle,    kBackStyleOut,
                                                  kBackStyles,  G::Colours,  "back style"},

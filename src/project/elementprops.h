@@ -68,6 +68,7 @@ enum class PropertyValueKind {
     ToolName,   // the owning tool
     KindNumber, // the element's number; the key is its kind
     Text,
+    Lines, // text whose line breaks are stored as back-quotes
     Number,
     Twips,
     Colour,

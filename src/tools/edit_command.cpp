@@ -79,6 +79,21 @@ const std::vector<Operation> &Operations() {
          [](ProjectModel &m, Words w) { return ExcludeTool(m, w[0], true); }},
         {"include-tool", "NAME", "let an excluded tool back into the side menu", 1, 1,
          [](ProjectModel &m, Words w) { return ExcludeTool(m, w[0], false); }},
+        {"hide-tool", "NAME", "hide a tool's entry in the side menu", 1, 1,
+         [](ProjectModel &m, Words w) { return HideTool(m, w[0], true); }},
+        {"show-tool", "NAME", "show a hidden tool's entry again", 1, 1,
+         [](ProjectModel &m, Words w) { return HideTool(m, w[0], false); }},
+        {"move-tool", "NAME|SLOT up|down",
+         "swap a tool with its neighbour in the side menu's order; a slot number (that of its "
+         "mytoolcaption record) picks one of several separators",
+         2, 2,
+         [](ProjectModel &m, Words w) {
+             const std::string way = NormText(w[1]);
+             if (way != "up" && way != "down")
+                 return Refused({"Error", "The way is up or down."});
+             const int slot = ParseWholeNumber32(w[0]).value_or(FindTool(m, w[0]));
+             return MoveTool(m, slot, way == "up");
+         }},
         {"add-element", "TOOL KIND NAME [LEFT TOP]",
          "an element of a kind (button, label, list, text, image, qonsole); it is stored as the "
          "kind word and NAME in lower case without kind words or punctuation (label status "
@@ -143,6 +158,8 @@ const std::vector<Operation> &Operations() {
          }},
         {"add-var", "NAME VALUE", "a user variable and its default value", 2, 2,
          [](ProjectModel &m, Words w) { return AddXVar(m, w[0], w[1]); }},
+        {"set-var", "NAME VALUE", "a user variable's default value", 2, 2,
+         [](ProjectModel &m, Words w) { return SetVarValue(m, w[0], w[1]); }},
         {"remove-var", "NAME", "a user variable", 1, 1,
          [](ProjectModel &m, Words w) { return RemoveVar(m, w[0]); }},
         {"add-qlob", "NAME", "an empty qlob", 1, 1,

@@ -167,6 +167,7 @@ TEST(EditorOperations, EachIsUndoneAndRedoneToTheByte) {
         {"hide-tool", [](ProjectModel &m) { return HideTool(m, "Console", true); }},
         {"move-tool", [](ProjectModel &m) { return MoveTool(m, 2, true); }},
         {"add-var", [](ProjectModel &m) { return AddXVar(m, "$gold", "5"); }},
+        {"set-var", [](ProjectModel &m) { return SetVarValue(m, "player", "Neo"); }},
         {"remove-var", [](ProjectModel &m) { return RemoveVar(m, "$player"); }},
         {"add-qlob", [](ProjectModel &m) { return AddQlob(m, "tick"); }},
         {"set-sequence",

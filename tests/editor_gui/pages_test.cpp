@@ -147,6 +147,23 @@ TEST_F(Pages, VariablesAreAddedWithTheNoteAndRemovedAfterTheQuestion) {
     EXPECT_EQ(list->selectedItems()[0]->text(1), "fast-and-far");
     Shoot("editor-pages-variables.png");
 
+    // The default value is typed where it stands, in one step.
+    list->editItem(list->selectedItems()[0], 1);
+    auto *editor = list->viewport()->findChild<QLineEdit *>();
+    ASSERT_NE(editor, nullptr);
+    editor->selectAll();
+    QTest::keyClicks(editor, "slow");
+    QTest::keyClick(editor, Qt::Key_Return);
+    const auto speed = [this] {
+        for (const Variable &variable : model().VariableTable)
+            if (variable.name == "$speed") return variable.value;
+        return std::string();
+    };
+    ASSERT_TRUE(test::WaitFor([&] { return speed() == "slow"; }));
+    EXPECT_EQ(list->selectedItems().value(0)->text(1), "slow");
+    UndoAndReload();
+    EXPECT_EQ(speed(), "fast-and-far");
+
     EXPECT_EQ(ClickForBox("cmdRemoveVar", QMessageBox::Yes).text, words::kRemoveItem.text);
     EXPECT_TRUE(list->findItems("$speed", Qt::MatchExactly).isEmpty());
     UndoAndReload();

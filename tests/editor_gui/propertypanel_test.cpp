@@ -21,6 +21,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
@@ -113,18 +114,21 @@ TEST_F(PanelGui, TheKindsSelectedDecideTheRows) {
 
 TEST_F(PanelGui, ACaptionTypedForTwoLabelsIsOneStepSettingBoth) {
     panel->ShowElements({"labelstatus", "labeltarget"});
-    auto *caption = Find<QLineEdit>("caption");
-    EXPECT_EQ(caption->text(), "");
+    auto *caption = Find<QPlainTextEdit>("caption");
+    EXPECT_EQ(caption->toPlainText(), "");
     EXPECT_EQ(caption->placeholderText(), "(mixed)");
     EXPECT_EQ(Find<QLabel>("lblSelection")->text(), "2 elements");
 
+    // A caption's lines are lines here and back-quotes in the file.
     Type(caption, "Ready");
-    EXPECT_TRUE(steps.empty()) << "nothing is stored per keystroke";
     QTest::keyClick(caption, Qt::Key_Return);
+    QTest::keyClicks(caption, "now");
+    EXPECT_TRUE(steps.empty()) << "nothing is stored per keystroke";
+    test::LeaveField(caption);
     ASSERT_EQ(steps.size(), 1u);
-    EXPECT_EQ(Cell("labelstatus", "caption"), "Ready");
-    EXPECT_EQ(Cell("labeltarget", "caption"), "Ready");
-    EXPECT_EQ(caption->text(), "Ready");
+    EXPECT_EQ(Cell("labelstatus", "caption"), "Ready`now");
+    EXPECT_EQ(Cell("labeltarget", "caption"), "Ready`now");
+    EXPECT_EQ(caption->toPlainText(), "Ready\nnow");
 
     Undo();
     EXPECT_EQ(Cell("labelstatus", "caption"), "status");
@@ -291,7 +295,7 @@ TEST_F(PanelGui, AValueTheFileCantHoldIsRefusedInWordsAndTheFieldShowsTheModel) 
         const char *element, *field, *typed;
         Message refusal;
     } rows[] = {
-        {"labelstatus", "caption", "Time: 6", words::kUnwritableValue},
+        {"buttonprobe", "tag", "Time: 6", words::kUnwritableValue},
         {"imagelogo", "datafield", "../settings.dat", words::kPictureWithPath},
     };
     for (const auto &row : rows) {
@@ -328,7 +332,7 @@ TEST_F(PanelGui, TheActionIsSavedByItsButtonOrOnLeavingIt) {
     action->moveCursor(QTextCursor::End);
     QTest::keyClick(action, Qt::Key_Return);
     QTest::keyClicks(action, "WAIT [1]");
-    Find<QLineEdit>("caption")->setFocus();
+    Find<QPlainTextEdit>("caption")->setFocus();
     EXPECT_EQ(steps.size(), 2u) << "leaving the box saves it";
 
     // The tool combo offers the tools, not the separator, and moves the element in one step.

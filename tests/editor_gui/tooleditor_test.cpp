@@ -28,6 +28,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QPlainTextEdit>
 #include <QTest>
 #include <QTimer>
 #include <QUndoStack>
@@ -174,11 +175,11 @@ TEST_F(ToolEditorGui, AToolBuiltFromNothingUndoesStepByStepAndPlaysAsPreviewed) 
 
     // Captions, a font and a colour from the property panel, each one step.
     Canvas()->Select({"labelprobestatus"});
-    auto *caption = Find<QLineEdit>("caption");
+    auto *caption = Find<QPlainTextEdit>("caption");
     ASSERT_NE(caption, nullptr);
     caption->clear();
     QTest::keyClicks(caption, "Signal");
-    QTest::keyClick(caption, Qt::Key_Return);
+    test::LeaveField(caption);
     EXPECT_EQ(Cell("labelprobestatus", "caption"), "Signal");
     Canvas()->Select({"labelprobestatus", "buttonprobego"});
     QFont chosen("DejaVu Serif");

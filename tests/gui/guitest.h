@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFocusEvent>
 #include <QTimer>
 #include <QWidget>
 #include <filesystem>
@@ -48,6 +49,13 @@ template <typename T> void WhenModal(std::function<void(T *)> action) {
         }
     });
     poll->start(20);
+}
+
+// Tells a field that the focus has left it, as a click elsewhere would; an offscreen window
+// that is not active never loses the focus by itself.
+inline void LeaveField(QWidget *field) {
+    QFocusEvent left(QEvent::FocusOut, Qt::TabFocusReason);
+    QApplication::sendEvent(field, &left);
 }
 
 // Saves what the widget shows as build/screens/<name>.

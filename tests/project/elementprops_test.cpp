@@ -20,6 +20,7 @@ std::string SampleValue(PropertyValueKind value) {
     case PropertyValueKind::ListItems:
         return "alpha//beta//";
     case PropertyValueKind::Text:
+    case PropertyValueKind::Lines:
         return "two`lines";
     case PropertyValueKind::CommandList:
         return "dir`ls";

@@ -54,11 +54,13 @@ TEST_F(EditTool, AScriptIsAppliedWholeOrNotAtAll) {
                                    "\xEF\xBB\xBF" // an editor's byte order mark
                                    "add-tool \"Mail Box\"\nadd-var gold 5\n"
                                    "add-element \"Mail Box\" label status 120 240\n"
-                                   "set labelstatus caption \"Credits - none\"\n");
+                                   "set labelstatus caption \"Credits - none\"\n"
+                                   "set-var gold 7\nhide-tool \"Mail Box\"\n"
+                                   "move-tool \"Mail Box\" up\n");
     EXPECT_EQ(applied.code, 0) << applied.err;
     EXPECT_EQ(applied.out, "");
-    EXPECT_NE(File().find("mytoolcaption:10:Mail Box\r\n"), std::string::npos);
-    EXPECT_NE(File().find("variable:$gold=5\r\n"), std::string::npos);
+    EXPECT_NE(File().find("mytoolcaption:9:Mail Box\r\n"), std::string::npos);
+    EXPECT_NE(File().find("variable:$gold=7\r\n"), std::string::npos);
     EXPECT_NE(File().find("[newel]:label:labelstatus\r\nelement:1:atool:Mail Box\r\n"),
               std::string::npos);
     EXPECT_NE(File().find("caption:Credits - none\r\n"), std::string::npos);

@@ -27,6 +27,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QStackedLayout>
@@ -342,6 +343,9 @@ void PropertyPanel::AddEditor(QFormLayout *form, const ElementProperty &property
     case V::Text:
         editor = TextEditor(property);
         break;
+    case V::Lines:
+        editor = LinesEditor(property);
+        break;
     case V::FontName:
         editor = FontEditor(property);
         break;
@@ -419,6 +423,27 @@ PropertyPanel::Editor PropertyPanel::TextEditor(const ElementProperty &property)
         edit->setPlaceholderText(value ? QString() : tr(kMixed));
         edit->setText(value ? ToQString(*value) : QString());
         edit->setCursorPosition(0);
+    };
+    return {&property, show, flush, edit};
+}
+
+// A few lines, each a line of the text; the value keeps them apart with back-quotes.
+PropertyPanel::Editor PropertyPanel::LinesEditor(const ElementProperty &property) {
+    auto *edit = new QPlainTextEdit;
+    edit->setObjectName(ToQString(property.key));
+    edit->setTabChangesFocus(true);
+    edit->setFixedHeight(edit->fontMetrics().lineSpacing() * 3 + 12);
+    const auto flush = [this, edit, &property] {
+        if (!edit->document()->isModified()) return;
+        edit->document()->setModified(false);
+        Commit({{std::string(property.key),
+                 FromQString(edit->toPlainText().replace('\n', '`'))}});
+    };
+    new FocusOut(edit, flush);
+    auto show = [edit](const std::optional<std::string> &value) {
+        edit->setPlaceholderText(value ? QString() : tr(kMixed));
+        edit->setPlainText(value ? ToQString(*value).replace('`', '\n') : QString());
+        edit->document()->setModified(false);
     };
     return {&property, show, flush, edit};
 }

@@ -61,6 +61,7 @@ private:
     void AddStyleRow(QFormLayout *form, const std::vector<const ElementProperty *> &flags);
     Editor ToolEditor(const ElementProperty &property);
     Editor TextEditor(const ElementProperty &property);
+    Editor LinesEditor(const ElementProperty &property);
     Editor NumberEditor(const ElementProperty &property);
     Editor ChoiceEditor(const ElementProperty &property);
     Editor ColourEditor(const ElementProperty &property);

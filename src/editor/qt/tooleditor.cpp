@@ -343,8 +343,9 @@ void ToolEditor::AddArray(const std::string &tool, ElementKind kind) {
         QInputDialog::getText(this, ToQString(words::kArrayPromptTitle),
                               ToQString(words::kArrayPrompt), QLineEdit::Normal, QString(), &ok);
     if (!ok) return;
-    m_context.apply(orrery::AddArray(m_context.session->model(), tool, kind, FromQString(count),
-                                     ProcessRandom()));
+    ProjectModel &model = m_context.session->model();
+    m_context.apply(orrery::AddArray(model, tool, kind, FromQString(count), ProcessRandom(), {},
+                                     FreeSpot(model, tool)));
 }
 
 void ToolEditor::AddQombo() {

@@ -14,12 +14,23 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace orrery {
 
 namespace {
+
+// Keeps a column from being edited in place.
+class NoEditing : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QWidget *createEditor(QWidget *, const QStyleOptionViewItem &,
+                          const QModelIndex &) const override {
+        return nullptr;
+    }
+};
 
 void Select(QTreeWidget *list, const QString &name) {
     const QList<QTreeWidgetItem *> found = list->findItems(name, Qt::MatchFixedString);
@@ -61,6 +72,19 @@ VariablePage::VariablePage(EditorContext context, QWidget *parent)
 
     connect(m_list, &QTreeWidget::itemSelectionChanged, this,
             [this] { m_remove->setEnabled(!SelectedName().isEmpty()); });
+    // The default value is edited where it stands; the name is the variable's identity.
+    m_list->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    m_list->setItemDelegateForColumn(0, new NoEditing(m_list));
+    connect(m_list, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item, int column) {
+        if (column != 1) return;
+        // After the item's editor has closed: the step rebuilds the list and may show a box.
+        QMetaObject::invokeMethod(
+            this,
+            [this, name = item->text(0), value = item->text(1)] {
+                if (!Apply(SetVarValue(model(), FromQString(name), FromQString(value)))) Reload();
+            },
+            Qt::QueuedConnection);
+    });
     connect(add, &QPushButton::clicked, this, &VariablePage::AddVariable);
     connect(m_value, &QLineEdit::returnPressed, this, &VariablePage::AddVariable);
     connect(m_remove, &QPushButton::clicked, this, &VariablePage::RemoveVariable);
@@ -73,9 +97,12 @@ void VariablePage::Reload() {
         const QSignalBlocker quiet(m_list);
         m_list->clear();
         for (const Variable &variable : model().VariableTable)
-            if (!IsBlank(variable.name))
-                m_list->addTopLevelItem(new QTreeWidgetItem(
-                    QStringList{ToQString(variable.name), ToQString(variable.value)}));
+            if (!IsBlank(variable.name)) {
+                auto *item = new QTreeWidgetItem(
+                    QStringList{ToQString(variable.name), ToQString(variable.value)});
+                item->setFlags(item->flags() | Qt::ItemIsEditable);
+                m_list->addTopLevelItem(item);
+            }
         if (!selected.isEmpty()) Select(m_list, selected);
     }
     m_remove->setEnabled(!SelectedName().isEmpty());
