@@ -58,6 +58,11 @@ NewProjectInfo ProjectInfo(const ProjectModel &model) {
 EditorSession::EditorSession(AppPaths paths, AppPaths stock, HostScreen screen)
     : m_paths(std::move(paths)), m_stock(std::move(stock)), m_screen(screen) {}
 
+std::filesystem::path EditorSession::File() const {
+    if (!IsOpen()) return {};
+    return m_paths.ProjectFile(m_model->settings.myprojectname).value_or(std::filesystem::path());
+}
+
 std::string EditorSession::Title() const {
     return "Orrery Kit [" + (IsOpen() ? NormText(m_model->settings.myprojectname) : std::string()) + "]";
 }

@@ -47,6 +47,8 @@ public:
     // The open project; only while IsOpen().
     ProjectModel &model() { return *m_model; }
     const ProjectModel &model() const { return *m_model; }
+    // The open project's file; empty before a project is open.
+    std::filesystem::path File() const;
     // The frame's title: "Orrery Kit [<name in name form>]", "Orrery Kit []" before a project is open.
     std::string Title() const;
     // What the frame's status line says: why the last save failed, or the stock a new tree lacks.

@@ -1,17 +1,21 @@
 // The editor's frame and the way its forms come and go.
 #include "editor/qt/editorframe.h"
 
+#include "check/check.h"
 #include "editor/qt/changecommand.h"
 #include "editor/qt/helpviewer.h"
 #include "editor/qt/hub.h"
+#include "editor/qt/problemspanel.h"
 #include "editor/qt/shellparts.h"
 #include "editor/qt/tooleditor.h"
 #include "editor/qt/wizard.h"
 #include "editor/session.h"
+#include "foundation/textfile.h"
 #include "widgets/look.h"
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDockWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -52,12 +56,24 @@ template <typename Form> Form *FormOf(const QPointer<QMdiSubWindow> &window) {
 
 EditorFrame::EditorFrame(EditorSession &session, QWidget *parent)
     : QMainWindow(parent), m_session(session), m_area(new QMdiArea), m_undo(new QUndoStack(this)),
-      m_save(new QTimer(this)) {
+      m_save(new QTimer(this)), m_check(new QTimer(this)), m_problems(new ProblemsPanel),
+      m_problemsDock(new QDockWidget(tr("Problems"), this)) {
     setObjectName("frmMain");
     m_area->setObjectName("Picture1");
     setCentralWidget(m_area);
     m_area->installEventFilter(this);
     statusBar()->setObjectName("stat");
+    m_problemsDock->setObjectName("dockProblems");
+    m_problemsDock->setWidget(m_problems);
+    m_problemsDock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    addDockWidget(Qt::BottomDockWidgetArea, m_problemsDock);
+    m_problemsDock->hide();
+    resizeDocks({m_problemsDock}, {170}, Qt::Vertical);
+    connect(m_problems, &ProblemsPanel::openRequested, this, &EditorFrame::OpenProblem);
+    // Steps come in bursts (a drag's end, an undo of several): one check after them.
+    m_check->setSingleShot(true);
+    m_check->setInterval(0);
+    connect(m_check, &QTimer::timeout, this, &EditorFrame::CheckProject);
     MakeMenus();
     // The whole project is written every 45 seconds whether it changed or not.
     m_save->setObjectName("tmrSave");
@@ -69,6 +85,7 @@ EditorFrame::EditorFrame(EditorSession &session, QWidget *parent)
     m_save->start();
     connect(m_undo, &QUndoStack::indexChanged, this, [this] {
         Refresh();
+        m_check->start();
         emit projectChanged();
     });
     Refresh();
@@ -100,6 +117,12 @@ void EditorFrame::MakeMenus() {
     redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
     edit->addAction(undo);
     edit->addAction(redo);
+
+    QMenu *view = Menu(menuBar(), tr("&View"), "mnuview");
+    QAction *problems = m_problemsDock->toggleViewAction();
+    problems->setObjectName("mnuproblems");
+    problems->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M));
+    view->addAction(problems);
 
     QMenu *help = Menu(menuBar(), tr("&Help"), "mnuhelp");
     connect(Entry(help, tr("&Contents"), "mnucontents"), &QAction::triggered, this,
@@ -240,6 +263,9 @@ void EditorFrame::ProjectOpened() {
     // The previews use the fonts the game will have: the tree's own and the usual stand-ins.
     InstallFonts(m_session.paths().FontsPath());
     Refresh();
+    CheckProject();
+    // The panel comes up when there is something to see; the author may close it.
+    if (!m_problems->findings().empty()) m_problemsDock->show();
     ShowHub();
 }
 
@@ -249,6 +275,41 @@ void EditorFrame::Refresh() {
         statusBar()->clearMessage();
     else
         statusBar()->showMessage(ToQString(m_session.Status()));
+}
+
+void EditorFrame::CheckProject() {
+    m_check->stop();
+    if (!m_session.IsOpen()) return m_problems->ShowFindings({});
+    // The lines are those of the file as saved after the step; when the save failed, those
+    // the save would have written.
+    const ProjectModel &model = m_session.model();
+    std::optional<std::string> text = ReadFileBytes(m_session.File());
+    if (!text || !m_session.Status().empty()) text = BuildProjectText(model);
+    m_problems->ShowFindings(orrery::CheckProject(model, *text, m_session.paths()));
+}
+
+void EditorFrame::OpenProblem(const FindingPlace &place) {
+    using K = FindingPlace::Kind;
+    switch (place.kind) {
+    case K::Element:
+    case K::Qlob:
+    case K::ToolSub:
+    case K::MainLoad:
+    case K::Variable:
+    case K::Help:
+        ShowTools();
+        if (tools() && tools()->ShowPlace(place)) return;
+        break;
+    case K::Setting:
+        if (place.name.starts_with("myproject")) return ShowSettings();
+        break;
+    default:
+        break;
+    }
+    statusBar()->showMessage(tr("%1 is edited in an editor that comes in a later version; the "
+                                "panel gives its line of the project file.")
+                                 .arg(PlaceText(place)),
+                             8000);
 }
 
 } // namespace orrery

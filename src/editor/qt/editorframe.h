@@ -9,6 +9,7 @@
 #include <string>
 
 class QAction;
+class QDockWidget;
 class QMdiArea;
 class QMdiSubWindow;
 class QTimer;
@@ -20,6 +21,8 @@ class EditorSession;
 class EditorHub;
 class HelpViewer;
 class ProjectWizard;
+class ProblemsPanel;
+struct FindingPlace;
 class ToolEditor;
 
 class EditorFrame : public QMainWindow {
@@ -41,6 +44,11 @@ public:
     void ShowSettings();
     // The hub's Tools and Menus: the tool editor, over the whole frame.
     void ShowTools();
+    // Checks the open project again and shows the findings in the Problems panel; after every
+    // step, undo and redo the frame does it once the event loop is free.
+    void CheckProject();
+    // Opens what a finding is about, in the editor that edits it.
+    void OpenProblem(const FindingPlace &place);
     // The menu's and the hub's Exit: a backup, the plain save, and the frame closes.
     void ExitEditor();
 
@@ -49,6 +57,7 @@ public:
     EditorHub *hub() const;
     HelpViewer *help() const;
     ToolEditor *tools() const;
+    ProblemsPanel *problems() const { return m_problems; }
 
 signals:
     // The model has changed by a step, its undo or its redo.
@@ -71,6 +80,9 @@ private:
     QMdiArea *m_area;
     QUndoStack *m_undo;
     QTimer *m_save;
+    QTimer *m_check;
+    ProblemsPanel *m_problems;
+    QDockWidget *m_problemsDock;
     QPointer<QMdiSubWindow> m_wizard;
     QPointer<QMdiSubWindow> m_hub;
     QPointer<QMdiSubWindow> m_help;

@@ -1,6 +1,8 @@
 // The help page.
 #include "editor/qt/helppage.h"
 
+#include "check/check.h"
+
 #include "editor/qt/shellparts.h"
 #include "editor/sequences.h"
 #include "editor/session.h"
@@ -119,6 +121,13 @@ void HelpPage::ClearHelp() {
     const std::string title = FromQString(SelectedText(m_topics));
     if (title.empty() || !Ask(this, words::kRemoveItem)) return;
     Apply(RemoveHelp(model(), title));
+}
+
+bool HelpPage::ShowItem(const FindingPlace &place) {
+    if (place.kind != FindingPlace::Kind::Help) return false;
+    SelectText(m_topics, ToQString(place.name));
+    LoadHelp();
+    return true;
 }
 
 } // namespace orrery

@@ -16,6 +16,7 @@ class HelpPage : public EditorPage {
 public:
     explicit HelpPage(EditorContext context, QWidget *parent = nullptr);
     void Reload() override;
+    bool ShowItem(const FindingPlace &place) override;
 
     void EnableHelp(bool on);
     // Empties the fields for a topic not yet written.

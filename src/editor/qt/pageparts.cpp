@@ -7,7 +7,9 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QSignalBlocker>
 
 namespace orrery {
@@ -69,6 +71,15 @@ QString SelectedText(const QListWidget *list) {
 void SelectText(QListWidget *list, const QString &text) {
     const QList<QListWidgetItem *> found = list->findItems(text, Qt::MatchExactly);
     if (!found.isEmpty()) list->setCurrentItem(found.front());
+}
+
+void ShowLine(QPlainTextEdit *edit, int line) {
+    if (line < 1) return;
+    const QTextBlock block = edit->document()->findBlockByNumber(line - 1);
+    if (!block.isValid()) return;
+    edit->setTextCursor(QTextCursor(block));
+    edit->centerCursor();
+    edit->setFocus();
 }
 
 void Refill(QListWidget *list, const QStringList &texts) {

@@ -17,9 +17,12 @@ class QHBoxLayout;
 class QLayout;
 class QLabel;
 class QListWidget;
+class QPlainTextEdit;
 class QPushButton;
 
 namespace orrery {
+
+struct FindingPlace;
 
 // A page of the tool editor beside the tools and their elements.
 class EditorPage : public QWidget {
@@ -29,6 +32,9 @@ public:
     // The model has changed (a step here or elsewhere, an undo): shows it again, keeping the
     // author's selection where it still exists.
     virtual void Reload() = 0;
+    // Brings the place into view and selects it: a qlob, a variable, a tool's event, a help
+    // topic. False when the page holds no such place.
+    virtual bool ShowItem(const FindingPlace &) { return false; }
 
 protected:
     ProjectModel &model();
@@ -57,6 +63,8 @@ QString SelectedText(const QListWidget *list);
 void Refill(QListWidget *list, const QStringList &texts);
 // Selects the item of that text, if there is one.
 void SelectText(QListWidget *list, const QString &text);
+// Puts the cursor at the start of a line of the edit box, from 1, and shows it.
+void ShowLine(QPlainTextEdit *edit, int line);
 
 // What an edit box last took from the model, for which item. A reload shows the model's value
 // again only when the item or the value has changed, so a step made on another page keeps what

@@ -1,6 +1,8 @@
 // The qlobs page.
 #include "editor/qt/qlobpage.h"
 
+#include "check/check.h"
+
 #include "actions/catalogue.h"
 #include "editor/qt/sequenceedit.h"
 #include "editor/qt/shellparts.h"
@@ -113,6 +115,16 @@ void QlobPage::SaveManualEdits() {
 
 void QlobPage::ShowSpecialVars() {
     ShowMessage(this, {std::string(kSpecialVariablesCaption), SpecialVariablesText()});
+}
+
+bool QlobPage::ShowItem(const FindingPlace &place) {
+    if (place.kind != FindingPlace::Kind::Qlob) return false;
+    const int slot = FindQlobByName(model(), place.name);
+    if (!slot) return false;
+    SelectText(m_list, ToQString(RecordName(model().QlobTable[slot])));
+    ShowSelected();
+    ShowLine(m_statements, place.statement);
+    return true;
 }
 
 } // namespace orrery

@@ -17,6 +17,7 @@ class QlobPage : public EditorPage {
 public:
     explicit QlobPage(EditorContext context, QWidget *parent = nullptr);
     void Reload() override;
+    bool ShowItem(const FindingPlace &place) override;
 
     // Asks for a name and adds an empty qlob under it.
     void NewQlob();

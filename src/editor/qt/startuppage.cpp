@@ -1,6 +1,8 @@
 // The start-up page.
 #include "editor/qt/startuppage.h"
 
+#include "check/check.h"
+
 #include "editor/qt/sequenceedit.h"
 #include "editor/sequences.h"
 #include "editor/session.h"
@@ -33,6 +35,12 @@ void StartupPage::Reload() {
 
 void StartupPage::AssignStartup() {
     Apply(SetMainLoad(model(), m_statements->sequence()));
+}
+
+bool StartupPage::ShowItem(const FindingPlace &place) {
+    if (place.kind != FindingPlace::Kind::MainLoad) return false;
+    ShowLine(m_statements, place.statement);
+    return true;
 }
 
 } // namespace orrery

@@ -12,6 +12,7 @@ class StartupPage : public EditorPage {
 public:
     explicit StartupPage(EditorContext context, QWidget *parent = nullptr);
     void Reload() override;
+    bool ShowItem(const FindingPlace &place) override;
 
     // Stores the edit box's lines as the start-up sequence.
     void AssignStartup();

@@ -1,6 +1,8 @@
 // The tool editor's form.
 #include "editor/qt/tooleditor.h"
 
+#include "check/check.h"
+
 #include "editor/elements.h"
 #include "editor/qt/qombodialog.h"
 #include "editor/qt/helppage.h"
@@ -353,6 +355,26 @@ void ToolEditor::AddQombo() {
     if (tool.empty()) return ShowMessage(this, words::kNoToolChosen);
     QomboDialog dialog(m_context, tool, this);
     if (dialog.exec() == QDialog::Accepted) m_canvas->Reload();
+}
+
+bool ToolEditor::ShowPlace(const FindingPlace &place) {
+    if (place.kind == FindingPlace::Kind::Element) {
+        const ProjectModel &model = m_context.session->model();
+        const int row = ElementRowByName(model, place.name);
+        if (!row) return false;
+        const std::string tag = ToolTag(PropertyValue(model.Element(row), "atool").value_or(""));
+        for (int i = 0; i < m_tools->count(); ++i)
+            if (ToolTag(FromQString(m_tools->item(i)->text())) == tag) m_tools->setCurrentRow(i);
+        m_tabs->setCurrentIndex(0);
+        m_canvas->Select({NormText(place.name)});
+        return true;
+    }
+    for (EditorPage *page : m_pages)
+        if (page->ShowItem(place)) {
+            m_tabs->setCurrentWidget(page);
+            return true;
+        }
+    return false;
 }
 
 } // namespace orrery

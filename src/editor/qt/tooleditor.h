@@ -20,6 +20,7 @@ class QToolBar;
 namespace orrery {
 
 class EditorPage;
+struct FindingPlace;
 class PropertyPanel;
 class ToolCanvas;
 
@@ -40,6 +41,10 @@ public:
     void AddElement();
     // The qombo creator over the chosen tool.
     void AddQombo();
+    // Shows what a finding is about: an element on its tool, selected, or the page of a qlob,
+    // a variable, a tool's event, the start-up sequence or a help topic with it picked. False
+    // when the place is none of these or is no longer there.
+    bool ShowPlace(const FindingPlace &place);
 
     ToolCanvas *canvas() const { return m_canvas; }
     // The tool chosen in the list; empty when none is.

@@ -1,12 +1,15 @@
 // The tool events page.
 #include "editor/qt/toolsubpage.h"
 
+#include "check/check.h"
+
 #include "editor/qt/sequenceedit.h"
 #include "editor/qt/shellparts.h"
 #include "editor/sequences.h"
 #include "editor/session.h"
 #include "editor/tools.h"
 #include "editor/words.h"
+#include "foundation/text.h"
 #include "project/elementprops.h"
 #include "widgets/look.h"
 
@@ -85,6 +88,20 @@ void ToolSubPage::OpenAnAssignments() {
     const std::string sub = FromQString(SelectedText(m_subs));
     if (sub.empty()) return ShowMessage(this, words::kNoSubChosen);
     Apply(SetToolSub(model(), FromQString(m_tool->currentText()), sub, m_statements->sequence()));
+}
+
+bool ToolSubPage::ShowItem(const FindingPlace &place) {
+    if (place.kind != FindingPlace::Kind::ToolSub) return false;
+    // The place names the tool by its tag, as the assignment is keyed.
+    const std::size_t colon = place.name.rfind(':');
+    if (colon == std::string::npos) return false;
+    const std::string tag = ToolTag(place.name.substr(0, colon));
+    for (int i = 0; i < m_tool->count(); ++i)
+        if (ToolTag(FromQString(m_tool->itemText(i))) == tag) m_tool->setCurrentIndex(i);
+    SelectText(m_subs, ToQString(NormText(place.name.substr(colon + 1))));
+    ShowSelected();
+    ShowLine(m_statements, place.statement);
+    return true;
 }
 
 } // namespace orrery

@@ -17,6 +17,7 @@ class ToolSubPage : public EditorPage {
 public:
     explicit ToolSubPage(EditorContext context, QWidget *parent = nullptr);
     void Reload() override;
+    bool ShowItem(const FindingPlace &place) override;
 
     // Assigns the edit box's statements to the picked tool and event; without an event picked,
     // says how.

@@ -1,6 +1,8 @@
 // The variables page.
 #include "editor/qt/variablepage.h"
 
+#include "check/check.h"
+
 #include "editor/qt/shellparts.h"
 #include "editor/sequences.h"
 #include "editor/session.h"
@@ -128,6 +130,12 @@ void VariablePage::RemoveVariable() {
     const QString name = SelectedName();
     if (name.isEmpty() || !Ask(this, words::kRemoveItem)) return;
     Apply(RemoveVar(model(), FromQString(name)));
+}
+
+bool VariablePage::ShowItem(const FindingPlace &place) {
+    if (place.kind != FindingPlace::Kind::Variable) return false;
+    Select(m_list, ToQString(place.name));
+    return true;
 }
 
 } // namespace orrery

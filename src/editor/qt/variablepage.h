@@ -15,6 +15,7 @@ class VariablePage : public EditorPage {
 public:
     explicit VariablePage(EditorContext context, QWidget *parent = nullptr);
     void Reload() override;
+    bool ShowItem(const FindingPlace &place) override;
 
     // Adds the variable of the name and value fields; the fields empty once it is added.
     void AddVariable();

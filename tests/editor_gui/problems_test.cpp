@@ -1,0 +1,93 @@
+// The Problems panel in the editor's frame: a finding opens what it is about in the editor
+// that edits it.
+#include "check/check.h"
+#include "editor/qt/editorframe.h"
+#include "editor/qt/problemspanel.h"
+#include "editor/qt/toolcanvas.h"
+#include "editor/qt/tooleditor.h"
+#include "editor/session.h"
+#include "gui/guitest.h"
+
+#include <QDockWidget>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QComboBox>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeWidget>
+#include <gtest/gtest.h>
+
+namespace orrery {
+namespace {
+
+struct ProblemsGui : ::testing::Test {
+    test::TempDir dir;
+    std::filesystem::path root = test::CopyAppFolder(dir);
+    EditorSession session{AppPaths(root), AppPaths(ORRERY_APP_DIR)};
+    EditorFrame frame{session};
+
+    void SetUp() override {
+        frame.resize(1280, 860);
+        frame.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&frame));
+        frame.Start("Night Shift");
+    }
+    QTreeWidget *List() { return frame.problems()->findChild<QTreeWidget *>("lstProblems"); }
+    void Activate(int row) {
+        QTreeWidgetItem *item = List()->topLevelItem(row);
+        ASSERT_NE(item, nullptr);
+        emit List()->itemActivated(item, ProblemsPanel::kMessage);
+    }
+    QString CurrentTab() {
+        auto *tabs = frame.tools()->findChild<QTabWidget *>("SSTab1");
+        return tabs->tabText(tabs->currentIndex());
+    }
+};
+
+TEST_F(ProblemsGui, AFindingOpensWhatItIsAbout) {
+    using K = FindingPlace::Kind;
+    std::vector<Finding> findings{
+        {Severity::Error, "unknown-statement", "SHOW_MESAGE: no such statement.",
+         {K::Element, "buttonconnect", "action", 0, 1}, 246},
+        {Severity::Error, "missing-label", "_GOTO [gate]: no label ~gate.",
+         {K::Qlob, "connect", "", 0, 3}, 485},
+        {Severity::Warning, "undeclared-variable", "$x is never set.",
+         {K::ToolSub, "mail:activate", "", 0, 1}, 552},
+        {Severity::Warning, "variable-prefix", "$stage begins $stages.",
+         {K::Variable, "$stage", "", 0, 0}, 519},
+    };
+    frame.problems()->ShowFindings(findings);
+    EXPECT_EQ(List()->topLevelItemCount(), 4);
+    EXPECT_EQ(frame.problems()->findChild<QLabel *>("lblProblems")->text().left(20),
+              "2 errors, 2 warnings");
+    EXPECT_EQ(List()->topLevelItem(0)->text(ProblemsPanel::kWhere),
+              "buttonconnect, action, statement 1");
+    EXPECT_EQ(List()->topLevelItem(0)->text(ProblemsPanel::kLine), "246");
+    frame.findChild<QDockWidget *>("dockProblems")->show();
+    test::Shot(&frame, "editor-problems.png");
+
+    Activate(0);
+    ASSERT_NE(frame.tools(), nullptr);
+    EXPECT_EQ(CurrentTab(), "Tools and Elements");
+    EXPECT_EQ(frame.tools()->CurrentTool(), "Connector");
+    EXPECT_EQ(frame.tools()->canvas()->selection(), std::vector<std::string>{"buttonconnect"});
+
+    Activate(1);
+    EXPECT_EQ(CurrentTab(), "Qlobs");
+    auto *statements = frame.tools()->findChild<QPlainTextEdit *>("Text5");
+    EXPECT_EQ(statements->textCursor().blockNumber(), 2) << "the cursor on the statement";
+
+    Activate(2);
+    EXPECT_EQ(CurrentTab(), "Tool Subs");
+    EXPECT_EQ(frame.tools()->findChild<QComboBox *>("cboTool")->currentText(), "Mail");
+    EXPECT_EQ(frame.tools()->findChild<QListWidget *>("lstSubs")->currentItem()->text(),
+              "activate");
+
+    Activate(3);
+    EXPECT_EQ(CurrentTab(), "Variables");
+    EXPECT_EQ(frame.tools()->findChild<QTreeWidget *>("List3")->currentItem()->text(0), "$stage");
+}
+
+} // namespace
+} // namespace orrery
