@@ -1,10 +1,12 @@
 // The editor's benchmarks, each beside a floor taken in the same run: opening the largest
 // project to the hub against loading its model alone; a step (AddTool) with its save against
 // the raw durable write of the same bytes; 1,000 undos and 1,000 redos through the undo stack,
-// each saved, against 2,000 raw durable writes of the same file.
+// each saved, against 2,000 raw durable writes of the same file; the Problems panel's refresh
+// after a step on the largest project, against the step and its save.
 #include "editor/qt/changecommand.h"
 #include "editor/qt/editorframe.h"
 #include "editor/qt/hub.h"
+#include "editor/qt/problemspanel.h"
 #include "editor/sequences.h"
 #include "editor/session.h"
 #include "editor/tools.h"
@@ -135,6 +137,31 @@ void BM_AddToolAndSave(benchmark::State &state) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(s.withTool.size()));
 }
 
+// The check the frame makes after a step, with the panel showing its findings: the step
+// (AddTool, saved) is made and undone outside the timing.
+void BM_ProblemsRefresh(benchmark::State &state) {
+    const Setup &s = *g_setup;
+    EditorSession session(*s.paths, *s.paths);
+    EditorFrame frame(session);
+    frame.show();
+    frame.Start(std::string(kLargestName));
+    QApplication::processEvents();
+    if (!session.IsOpen()) return state.SkipWithError("cannot open");
+    std::size_t findings = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        if (!frame.Apply(AddTool(session.model(), "Scanner"))) state.SkipWithError("no step");
+        state.ResumeTiming();
+        frame.CheckProject();
+        state.PauseTiming();
+        findings = frame.problems()->findings().size();
+        frame.undoStack()->undo();
+        state.ResumeTiming();
+    }
+    state.counters["findings"] = static_cast<double>(findings);
+    frame.undoStack()->clear();
+}
+
 void BM_RawWrites2000(benchmark::State &state) {
     const Setup &s = *g_setup;
     const fs::path file = *s.paths->ProjectFile(kSmallName);
@@ -156,6 +183,7 @@ BENCHMARK(BM_LoadModel)->Unit(benchmark::kMillisecond)->MinTime(0.5);
 BENCHMARK(BM_OpenToHub)->Unit(benchmark::kMillisecond)->MinTime(0.5);
 BENCHMARK(BM_RawWrite)->Unit(benchmark::kMillisecond)->MinTime(0.5);
 BENCHMARK(BM_AddToolAndSave)->Unit(benchmark::kMillisecond)->MinTime(0.5);
+BENCHMARK(BM_ProblemsRefresh)->Unit(benchmark::kMillisecond)->MinTime(0.5);
 BENCHMARK(BM_RawWrites2000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_UndoRedo1000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
@@ -164,6 +192,8 @@ void Report(const TimeKeepingReporter &times) {
                "BM_LoadModel", 2);
     PrintRatio(times, "AddTool and its save / raw durable write", "BM_AddToolAndSave",
                "BM_RawWrite", 2);
+    PrintRatio(times, "Problems panel's refresh after a step / the step and its save",
+               "BM_ProblemsRefresh", "BM_AddToolAndSave", 2);
     PrintRatio(times, "1,000 undos and redos / 2,000 raw durable writes", "BM_UndoRedo1000",
                "BM_RawWrites2000", 2);
 }
