@@ -268,7 +268,7 @@ TEST_F(EditorGui, TheFrameOffersWhatExistsAndSaysWhatComesLater) {
     ASSERT_NE(frame.hub(), nullptr);
     EXPECT_EQ(frame.hub()->windowTitle(), "Orrery Kit Menu");
     const std::pair<const char *, bool> buttons[] = {
-        {"Command1", true},  {"Command2", true},  {"Command3", false}, {"Command4", false},
+        {"Command1", true},  {"Command2", true},  {"Command3", true}, {"Command4", false},
         {"Command5", false}, {"Command6", true},  {"Command7", false}, {"Command8", false},
         {"Command9", false}};
     for (const auto &[name, enabled] : buttons) {

@@ -6,6 +6,7 @@
 #include "editor/qt/helpviewer.h"
 #include "editor/qt/hub.h"
 #include "editor/qt/problemspanel.h"
+#include "editor/qt/servereditor.h"
 #include "editor/qt/shellparts.h"
 #include "editor/qt/tooleditor.h"
 #include "editor/qt/wizard.h"
@@ -167,6 +168,7 @@ void EditorFrame::ShowHub() {
     auto *hub = new EditorHub;
     connect(hub, &EditorHub::settingsRequested, this, &EditorFrame::ShowSettings);
     connect(hub, &EditorHub::toolsRequested, this, &EditorFrame::ShowTools);
+    connect(hub, &EditorHub::serversRequested, this, &EditorFrame::ShowServers);
     connect(hub, &EditorHub::exitRequested, this, &EditorFrame::ExitEditor);
     m_hub = Present(hub);
 }
@@ -200,6 +202,19 @@ void EditorFrame::ShowTools() {
     m_tools->setProperty(kPlacedAt, QPoint(-1, -1));
 }
 
+void EditorFrame::ShowServers() {
+    if (!m_session.IsOpen()) return;
+    if (m_servers) return m_area->setActiveSubWindow(m_servers);
+    auto *editor = new ServerEditor({&m_session, [this](Outcome outcome) { return Apply(std::move(outcome)); }});
+    connect(this, &EditorFrame::projectChanged, editor, &ServerEditor::Reload);
+    // Every change is saved as it is made; closing saves once more, as the form always did.
+    connect(editor, &ServerEditor::closeRequested, this, [this] {
+        m_session.Autosave();
+        if (m_servers) m_servers->close();
+    });
+    m_servers = Present(editor);
+}
+
 void EditorFrame::ExitEditor() {
     m_session.Exit();
     m_exited = true;
@@ -223,6 +238,10 @@ EditorHub *EditorFrame::hub() const {
 
 ToolEditor *EditorFrame::tools() const {
     return FormOf<ToolEditor>(m_tools);
+}
+
+ServerEditor *EditorFrame::servers() const {
+    return FormOf<ServerEditor>(m_servers);
 }
 
 HelpViewer *EditorFrame::help() const {

@@ -21,6 +21,7 @@ class EditorSession;
 class EditorHub;
 class HelpViewer;
 class ProjectWizard;
+class ServerEditor;
 class ProblemsPanel;
 struct FindingPlace;
 class ToolEditor;
@@ -44,6 +45,8 @@ public:
     void ShowSettings();
     // The hub's Tools and Menus: the tool editor, over the whole frame.
     void ShowTools();
+    // The hub's Target Servers: the server editor.
+    void ShowServers();
     // Checks the open project again and shows the findings in the Problems panel; after every
     // step, undo and redo the frame does it once the event loop is free.
     void CheckProject();
@@ -57,6 +60,7 @@ public:
     EditorHub *hub() const;
     HelpViewer *help() const;
     ToolEditor *tools() const;
+    ServerEditor *servers() const;
     ProblemsPanel *problems() const { return m_problems; }
 
 signals:
@@ -88,6 +92,7 @@ private:
     QPointer<QMdiSubWindow> m_help;
     QPointer<QMdiSubWindow> m_settings;
     QPointer<QMdiSubWindow> m_tools;
+    QPointer<QMdiSubWindow> m_servers;
     bool m_exited = false;
 };
 

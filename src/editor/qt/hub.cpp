@@ -39,6 +39,8 @@ EditorHub::EditorHub(QWidget *parent) : QWidget(parent) {
         ++place;
         if (button->objectName() == "Command1")
             connect(button, &QPushButton::clicked, this, &EditorHub::settingsRequested);
+        else if (button->objectName() == "Command3")
+            connect(button, &QPushButton::clicked, this, &EditorHub::serversRequested);
         else if (button->objectName() == "Command6")
             connect(button, &QPushButton::clicked, this, &EditorHub::toolsRequested);
         else if (button->objectName() == "Command2")

@@ -13,6 +13,7 @@ public:
 signals:
     void settingsRequested();
     void toolsRequested();
+    void serversRequested();
     void exitRequested();
 };
 
