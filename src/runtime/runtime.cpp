@@ -49,6 +49,7 @@ fs::path Runtime::FindRoot(const fs::path &program) {
 }
 
 std::string Runtime::gameName() const {
+    if (!m_gameName.empty()) return m_gameName;
     return Trim(ReplaceAll(ReadTextFile(m_paths.ProjectNameFile()), "\r\n", ""));
 }
 

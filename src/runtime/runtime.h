@@ -45,12 +45,16 @@ public:
     void setQuiet(bool quiet) { m_quiet = quiet; }
     // Windows of this size instead of the full screen: a window on a desktop, or a test.
     void setWindowSize(const QSize &size) { m_windowSize = size; }
+    // Plays this project rather than the one Data/pname.dat names: the editor's simulation of
+    // the project open in it. Empty: pname.dat's.
+    void setGameName(std::string name) { m_gameName = std::move(name); }
 
 signals:
     // The menu has gone: the program ends.
     void finished();
 
 private:
+    std::string m_gameName;
     // The game's name, as Data/pname.dat gives it.
     std::string gameName() const;
     void showMenu();

@@ -8,6 +8,7 @@
 #include "editor/qt/problemspanel.h"
 #include "editor/qt/servereditor.h"
 #include "editor/qt/shellparts.h"
+#include "editor/qt/simulationdialog.h"
 #include "editor/qt/tooleditor.h"
 #include "editor/qt/wizard.h"
 #include "editor/session.h"
@@ -16,7 +17,9 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDockWidget>
+#include <QProcess>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -62,6 +65,7 @@ EditorFrame::EditorFrame(EditorSession &session, QWidget *parent)
     setObjectName("frmMain");
     m_area->setObjectName("Picture1");
     setCentralWidget(m_area);
+    m_runner = QCoreApplication::applicationDirPath() + "/Data/runner";
     m_area->installEventFilter(this);
     statusBar()->setObjectName("stat");
     m_problemsDock->setObjectName("dockProblems");
@@ -103,7 +107,9 @@ void EditorFrame::MakeMenus() {
     file->setToolTipsVisible(true);
     connect(Entry(file, tr("&Show Menu"), "mnushowmenu"), &QAction::triggered, this,
             &EditorFrame::ShowMenu);
-    Later(Entry(file, tr("Run Simulation..."), "mnurunsim"));
+    m_runSimulation = Entry(file, tr("Run Simulation..."), "mnurunsim");
+    m_runSimulation->setShortcut(QKeySequence(Qt::Key_F5));
+    connect(m_runSimulation, &QAction::triggered, this, &EditorFrame::RunSimulation);
     Later(Entry(file, tr("&Create Distribution Files..."), "mnucreatedistro"));
     file->addSeparator();
     connect(Entry(file, tr("&Exit Orrery Kit"), "mnuexit"), &QAction::triggered, this,
@@ -221,7 +227,48 @@ void EditorFrame::ExitEditor() {
     close();
 }
 
+void EditorFrame::RunSimulation() {
+    if (!m_session.IsOpen() || gameRunning()) return;
+    SimulationDialog simulation(m_session, this);
+    if (simulation.exec() != QDialog::Accepted) return;
+    m_game = new QProcess(this);
+    m_game->setObjectName("game");
+    m_game->setProcessChannelMode(QProcess::ForwardedChannels);
+    // However the game ends, the editor is back as it was, and says how it ended.
+    const auto over = [this](int exitCode, const QString &why) {
+        m_game->deleteLater();
+        m_game = nullptr;
+        centralWidget()->setEnabled(true);
+        Refresh();
+        if (!why.isEmpty()) statusBar()->showMessage(why);
+        emit gameEnded(exitCode);
+    };
+    connect(m_game, &QProcess::finished, this, [over](int code, QProcess::ExitStatus status) {
+        const int exitCode = status == QProcess::NormalExit ? code : -1;
+        over(exitCode, exitCode == 0 ? QString()
+                                     : tr("The game ended with an error (exit status %1).").arg(exitCode));
+    });
+    connect(m_game, &QProcess::errorOccurred, this, [this, over](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            over(-1, tr("The game could not be started: %1").arg(m_game->errorString()));
+    });
+    centralWidget()->setEnabled(false);
+    Refresh();
+    m_game->start(m_runner, {"--root", QString::fromStdString(m_session.paths().Root().string()),
+                             "--project", ToQString(m_session.model().settings.myprojectname)});
+}
+
+bool EditorFrame::gameRunning() const {
+    return m_game != nullptr;
+}
+
 void EditorFrame::closeEvent(QCloseEvent *event) {
+    // A game still running is left as a player leaves it, with its profile saved.
+    if (m_game) {
+        m_game->disconnect(this);
+        m_game->terminate();
+        if (!m_game->waitForFinished(5000)) m_game->kill();
+    }
     // Leaving without Exit still writes the project, but puts no backup aside.
     if (!m_exited) m_session.Close();
     m_save->stop();
@@ -290,10 +337,13 @@ void EditorFrame::ProjectOpened() {
 
 void EditorFrame::Refresh() {
     setWindowTitle(ToQString(m_session.Title()));
-    if (m_session.Status().empty())
-        statusBar()->clearMessage();
-    else
+    m_runSimulation->setEnabled(m_session.IsOpen() && !gameRunning());
+    if (!m_session.Status().empty())
         statusBar()->showMessage(ToQString(m_session.Status()));
+    else if (gameRunning())
+        statusBar()->showMessage(tr("A game is running: the editor is back when it ends."));
+    else
+        statusBar()->clearMessage();
 }
 
 void EditorFrame::CheckProject() {

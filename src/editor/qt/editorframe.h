@@ -9,6 +9,7 @@
 #include <string>
 
 class QAction;
+class QProcess;
 class QDockWidget;
 class QMdiArea;
 class QMdiSubWindow;
@@ -52,6 +53,13 @@ public:
     void CheckProject();
     // Opens what a finding is about, in the editor that edits it.
     void OpenProblem(const FindingPlace &place);
+    // File's Run Simulation: the world generated and the project saved in the simulation
+    // dialog, then the game played by the run-time in a process of its own; the editor waits,
+    // saying so, and is back when the game ends.
+    void RunSimulation();
+    bool gameRunning() const;
+    // The run-time the simulation starts: Data/runner beside the editor's program.
+    void setRunnerProgram(const QString &program) { m_runner = program; }
     // The menu's and the hub's Exit: a backup, the plain save, and the frame closes.
     void ExitEditor();
 
@@ -64,6 +72,8 @@ public:
     ProblemsPanel *problems() const { return m_problems; }
 
 signals:
+    // A game of the simulation has ended.
+    void gameEnded(int exitCode);
     // The model has changed by a step, its undo or its redo.
     void projectChanged();
 
@@ -94,6 +104,9 @@ private:
     QPointer<QMdiSubWindow> m_tools;
     QPointer<QMdiSubWindow> m_servers;
     bool m_exited = false;
+    QString m_runner;
+    QProcess *m_game = nullptr;
+    QAction *m_runSimulation = nullptr;
 };
 
 } // namespace orrery
