@@ -115,4 +115,17 @@ bool AppPaths::MakeProjectFolders(std::string_view projectName) const {
     return MakeProjectDir(projectName);
 }
 
+std::optional<std::filesystem::path> FindMediaFile(const std::filesystem::path &folder, std::string_view name) {
+    const auto component = SafeComponent(Trim(name));
+    if (!component) return std::nullopt;
+    std::error_code error;
+    if (fs::is_regular_file(folder / *component, error)) return folder / *component;
+    const std::string wanted = LowerCase(Utf8ToCp1252(*component));
+    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
+        if (LowerCase(Utf8ToCp1252(it->path().filename().string())) == wanted &&
+            it->is_regular_file(error))
+            return it->path();
+    return std::nullopt;
+}
+
 } // namespace orrery

@@ -13,6 +13,12 @@ namespace orrery {
 // no name can lead outside the application folder.
 std::optional<std::string> SafeComponent(std::string_view name);
 
+// The file of that name (Windows-1252) in the folder, matched without regard to case: the
+// projects' media come from file systems that ignore it, and the run-time and the packager
+// find them alike. nullopt when there is none, or when the name is no plain file name.
+std::optional<std::filesystem::path> FindMediaFile(const std::filesystem::path &folder,
+                                                   std::string_view name);
+
 // The extension a profile is written under: Saved/<player name>.vbz.
 inline constexpr std::string_view kProfileExtension = ".vbz";
 

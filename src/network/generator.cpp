@@ -151,18 +151,24 @@ std::string GenerateOctetRecords(int count, int octet, const ProjectModel &model
 
 GenerateResult GenerateWorld(const AppPaths &paths, const ProjectModel &model, WordBank &words,
                              Random &random, const std::function<void(const std::string &)> &progress) {
-    GenerateResult result;
     paths.MakeProjectFolders(model.settings.myprojectname);
+    return GenerateWorldInto(paths.DataPath(), paths.WorldPath(), model, words, random, progress);
+}
+
+GenerateResult GenerateWorldInto(const fs::path &dataFolder, const fs::path &worldFolder,
+                                 const ProjectModel &model, WordBank &words, Random &random,
+                                 const std::function<void(const std::string &)> &progress) {
+    GenerateResult result;
     result.serversPerOctet = ServersPerOctet(model.settings.myserversrandom);
-    const fs::path dnsFile = paths.WorldPath() / "dns.dat";
+    const fs::path dnsFile = worldFolder / "dns.dat";
     std::error_code ignored;
     fs::remove(dnsFile, ignored);
     if (result.serversPerOctet <= 0) {
         result.done = true;
         return result;
     }
-    for (const auto &[file, load] : {std::pair{paths.DataPath() / "words.dat", &WordBank::LoadWords},
-                                     std::pair{paths.DataPath() / "names.dat", &WordBank::LoadNames}}) {
+    for (const auto &[file, load] : {std::pair{dataFolder / "words.dat", &WordBank::LoadWords},
+                                     std::pair{dataFolder / "names.dat", &WordBank::LoadNames}}) {
         if (!(words.*load)(file)) {
             result.error = file.string() + ": cannot read the word source";
             return result;
@@ -172,7 +178,7 @@ GenerateResult GenerateWorld(const AppPaths &paths, const ProjectModel &model, W
     for (int octet = 1; octet <= kOctets; ++octet) {
         if (progress) progress("GENERATING RANDOM SERVERS - " + IntText(octet) + ".*.*.*");
         dnsBuffer.clear();
-        const fs::path file = paths.WorldPath() / ("_" + IntText(octet) + "_.dat");
+        const fs::path file = worldFolder / ("_" + IntText(octet) + "_.dat");
         if (!WriteTextFile(file, GenerateOctetRecords(result.serversPerOctet, octet, model, words,
                                                       random, dnsBuffer)) ||
             !AppendTextFile(dnsFile, dnsBuffer)) {

@@ -71,5 +71,11 @@ struct GenerateResult {
 GenerateResult GenerateWorld(const AppPaths &paths, const ProjectModel &model, WordBank &words,
                              Random &random,
                              const std::function<void(const std::string &)> &progress = {});
+// The same into any world folder, the words and names read from dataFolder: a distribution's
+// world is written into the game folder from the editor's word lists.
+GenerateResult GenerateWorldInto(const std::filesystem::path &dataFolder,
+                                 const std::filesystem::path &worldFolder,
+                                 const ProjectModel &model, WordBank &words, Random &random,
+                                 const std::function<void(const std::string &)> &progress = {});
 
 } // namespace orrery

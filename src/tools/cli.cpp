@@ -1,5 +1,5 @@
-// The orrery tool's commands: new, resave, edit, dump, summary, generate, world, play,
-// scramble, unscramble.
+// The orrery tool's commands: new, resave, edit, dump, summary, generate, package, world,
+// play, scramble, unscramble.
 #include "tools/cli.h"
 
 #include <CLI/CLI.hpp>
@@ -18,6 +18,7 @@
 #include "project/saver.h"
 #include "tools/dump.h"
 #include "tools/edit_command.h"
+#include "tools/package_command.h"
 #include "tools/play_command.h"
 #include "tools/world_commands.h"
 
@@ -188,6 +189,17 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     auto *generate = app.add_subcommand("generate", "Generate the project's world into Data/S");
     AddProjectArgs(*generate, project);
 
+    PackageOptions package;
+    auto *packageCommand =
+        app.add_subcommand("package", "Build the project's game folder, to play with no editor");
+    AddProjectArgs(*packageCommand, project);
+    packageCommand->add_option("--out", package.out,
+                               "The game folder (Data/<project folder>/Distro by default)");
+    packageCommand->add_flag("--pad", package.pad, "Also write the PAD listing beside the folder");
+    packageCommand->add_flag("--clean", package.clean, "Empty the game folder first");
+    packageCommand->add_flag("--strict", package.strict,
+                             "Fail when a file the project names is not found");
+
     std::string worldFolder, query;
     std::vector<std::string> queryArgs;
     auto *world = app.add_subcommand("world", "Look things up in a world folder (Data/S or a profile's)");
@@ -240,6 +252,11 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
         ProjectModel model;
         if (!LoadExisting(model, project, err)) return 1;
         return GenerateCommand(project.Paths(), model, out, err);
+    }
+    if (packageCommand->parsed()) {
+        ProjectModel model;
+        if (!LoadExisting(model, project, err)) return 1;
+        return PackageCommand(project.Paths(), model, package, out, err);
     }
     if (world->parsed()) return WorldCommand(worldFolder, query, queryArgs, out, err);
     if (scramble->parsed())

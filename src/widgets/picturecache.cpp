@@ -2,6 +2,7 @@
 #include "widgets/picturecache.h"
 
 #include "foundation/codepage.h"
+#include "foundation/paths.h"
 #include "foundation/text.h"
 
 #include <QImage>
@@ -26,17 +27,6 @@ bool Within(const QString &file, const QString &path) {
            file.startsWith(below, Qt::CaseInsensitive);
 }
 
-// The file of the folder whose name is the name, case aside; empty when there is none.
-fs::path FindFile(const fs::path &folder, const std::string &utf8) {
-    std::error_code error;
-    if (fs::exists(folder / utf8, error)) return folder / utf8;
-    const QString wanted = QString::fromStdString(utf8).toLower();
-    for (fs::directory_iterator it(folder, error), end; !error && it != end; it.increment(error))
-        if (QString::fromStdString(it->path().filename().string()).toLower() == wanted)
-            return it->path();
-    return {};
-}
-
 } // namespace
 
 QPixmap PictureCache::Load(const fs::path &folder, std::string_view file) {
@@ -49,7 +39,7 @@ QPixmap PictureCache::Load(const fs::path &folder, std::string_view file) {
     const QString asked = PathText(folder / utf8);
     if (auto found = m_entries.constFind(asked); found != m_entries.constEnd())
         return found->picture;
-    const fs::path path = FindFile(folder, utf8);
+    const fs::path path = FindMediaFile(folder, name).value_or(fs::path());
     Entry entry;
     if (!path.empty()) {
         entry.file = PathText(path);

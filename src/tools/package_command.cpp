@@ -1,0 +1,44 @@
+// orrery package.
+#include "tools/package_command.h"
+
+#include "foundation/codepage.h"
+#include "foundation/paths.h"
+#include "packaging/distribution.h"
+
+#include <filesystem>
+#include <iostream>
+#include <unistd.h>
+
+namespace orrery {
+
+namespace fs = std::filesystem;
+
+int PackageCommand(const AppPaths &paths, const ProjectModel &model, const PackageOptions &options,
+                   std::ostream &out, std::ostream &err) {
+    DistributionOptions build;
+    build.out = options.out;
+    build.pad = options.pad;
+    build.clean = options.clean;
+    // The run-time of the tree, or else the one beside this tool.
+    std::error_code error;
+    build.runner = paths.DataPath() / "runner";
+    if (!fs::exists(build.runner, error))
+        build.runner = fs::read_symlink("/proc/self/exe", error).parent_path() / "Data" / "runner";
+    build.say = [&out](const std::string &line) { out << Cp1252ToUtf8(line) << "\n"; };
+    const bool terminal = ::isatty(STDERR_FILENO) == 1 && &err == &std::cerr;
+    build.octet = [&err, terminal](int octet) {
+        if (terminal) err << "\rgenerating the world: octet " << octet << " of 255" << std::flush;
+    };
+    const DistributionResult built = BuildDistribution(model, paths, build);
+    if (terminal) err << "\n";
+    for (const std::string &missing : built.missing)
+        err << "orrery: not shipped, not found: " << Cp1252ToUtf8(missing) << "\n";
+    if (!built.done) {
+        err << "orrery: " << Cp1252ToUtf8(built.error) << "\n";
+        return 1;
+    }
+    err << "orrery: built " << built.root.string() << "\n";
+    return options.strict && !built.missing.empty() ? 1 : 0;
+}
+
+} // namespace orrery
