@@ -41,30 +41,13 @@ std::string Field(const std::vector<std::string_view> &fields, int i) {
                                                           : std::string();
 }
 
-std::vector<std::string_view> SplitFields(std::string_view sequence) {
-    std::vector<std::string_view> fields;
-    std::size_t start = 0;
-    while (fields.size() < kMaxSequenceFields + 1) {
-        const std::size_t tick = sequence.find('`', start);
-        fields.push_back(sequence.substr(start, tick == std::string_view::npos ? std::string_view::npos
-                                                                                : tick - start));
-        if (tick == std::string_view::npos) break;
-        start = tick + 1;
-    }
-    return fields;
-}
-
 // "FOR $v = start TO stop" opens the loop. False when the line can't be read as one: the
 // walk then ends, where it would once have stopped the program.
 bool OpenLoop(Game &game, Walk &walk, const std::string &line, int i) {
-    const std::string norm = NormText(line);
-    const std::size_t t = InStr(norm, "to");
-    const std::size_t e = InStr(line, "=");
-    if (t < 2) return false;
-    std::string start = Trim(std::string_view(line).substr(std::min(e, line.size()), t - 2));
-    if (const auto blank = start.find(' '); blank != std::string::npos) start = Trim(start.substr(0, blank));
-    walk.stopText = SubstituteVariables(game, Trim(t + 1 < line.size() ? line.substr(t + 1) : ""));
-    const auto counter = RoundToInt16(Val(SubstituteVariables(game, start)));
+    const auto bounds = ReadLoopBounds(line);
+    if (!bounds) return false;
+    walk.stopText = SubstituteVariables(game, bounds->stop);
+    const auto counter = RoundToInt16(Val(SubstituteVariables(game, bounds->start)));
     if (!counter) return false;
     walk.counter = *counter;
     walk.loopLine = i;
@@ -92,41 +75,31 @@ void WalkFields(Game &game, const std::vector<std::string_view> &fields) {
         game.CountWork(kStepWork + line.size());
         if (game.WorkSpent()) return;
         if (line.empty() && Field(fields, i + 1).empty()) return;
-        if (line.empty() || line == ":") continue;
+        if (IsSkippedLine(line)) continue;
         if (walk.skipping) {
-            if (line.starts_with('~') && NormText(ReplaceAll(line, "~", "")) == walk.skipTag)
-                walk.skipping = false;
+            if (line.starts_with('~') && LabelTag(line) == walk.skipTag) walk.skipping = false;
             continue;
         }
         if (line.starts_with('~')) continue;
-        if (InStr(line, "{") && line.ends_with('}')) {
-            const std::size_t open = line.find('{');
-            const std::string condition =
-                Trim(ReplaceAll(ReplaceAll(line.substr(open + 1), "{", ""), "}", ""));
-            line = Trim(line.substr(0, open));
-            if (!EvalCondition(game, condition)) continue;
-        }
-        const std::string norm = NormText(line);
-        if (Trim(norm.substr(0, 6)) == "_goto") {
-            const std::size_t blank = line.find(' ');
-            walk.skipTag = blank == std::string::npos
-                               ? std::string()
-                               : NormText(StripBrackets(line.substr(blank)));
+        if (std::string condition; CutCondition(line, condition) && !EvalCondition(game, condition))
+            continue;
+        if (auto tag = GotoTag(line)) {
+            walk.skipTag = std::move(*tag);
             walk.skipping = true;
             i = 0;
             continue;
         }
-        if (!walk.inLoop && norm.starts_with("for ")) {
+        if (!walk.inLoop && OpensLoop(line)) {
             if (!OpenLoop(game, walk, line, i)) return;
             continue;
         }
-        if (norm.starts_with("next ")) {
+        if (ClosesLoop(line)) {
             if (!CloseLoop(walk, i)) return;
             continue;
         }
         if (walk.inLoop) {
             const std::string counter = IntText(walk.counter);
-            line = ReplaceAll(ReplaceAll(line, "$v", counter), "$V", counter);
+            line = ReplaceAll(ReplaceAll(line, kLoopCounter, counter), kLoopCounterUpper, counter);
         }
         idle = 0;
         if (RunStatement(game, line) == kCancel) return;
@@ -134,6 +107,61 @@ void WalkFields(Game &game, const std::vector<std::string_view> &fields) {
 }
 
 } // namespace
+
+std::string PrepareSequence(std::string_view sequence) {
+    std::string prepared = ReplaceAll(sequence, "action:", "");
+    for (int pass = 0; pass < 2; ++pass) prepared = ReplaceAll(prepared, "``", "`");
+    return prepared;
+}
+
+std::vector<std::string_view> SequenceFields(std::string_view sequence) {
+    std::vector<std::string_view> fields;
+    std::size_t start = 0;
+    while (fields.size() < kMaxSequenceFields + 1) {
+        const std::size_t tick = sequence.find('`', start);
+        fields.push_back(sequence.substr(start, tick == std::string_view::npos ? std::string_view::npos
+                                                                                : tick - start));
+        if (tick == std::string_view::npos) break;
+        start = tick + 1;
+    }
+    return fields;
+}
+
+bool IsSkippedLine(std::string_view line) { return line.empty() || line == ":"; }
+
+std::string LabelTag(std::string_view line) { return NormText(ReplaceAll(line, "~", "")); }
+
+bool CutCondition(std::string &line, std::string &condition) {
+    if (!InStr(line, "{") || !line.ends_with('}')) return false;
+    const std::size_t open = line.find('{');
+    condition = Trim(ReplaceAll(ReplaceAll(line.substr(open + 1), "{", ""), "}", ""));
+    line = Trim(line.substr(0, open));
+    return true;
+}
+
+std::optional<std::string> GotoTag(std::string_view line) {
+    // The line is trimmed, so its name form begins with its first characters lower-cased.
+    if (Trim(LowerCase(line.substr(0, 6))) != "_goto") return std::nullopt;
+    const std::size_t blank = line.find(' ');
+    return blank == std::string_view::npos ? std::string()
+                                           : NormText(StripBrackets(line.substr(blank)));
+}
+
+bool OpensLoop(std::string_view line) { return LowerCase(line.substr(0, 4)) == "for "; }
+bool ClosesLoop(std::string_view line) { return LowerCase(line.substr(0, 5)) == "next "; }
+
+std::optional<LoopBounds> ReadLoopBounds(std::string_view line) {
+    const std::size_t t = InStr(NormText(line), "to");
+    const std::size_t e = InStr(line, "=");
+    if (t < 2) return std::nullopt;
+    LoopBounds bounds;
+    bounds.to = t - 1;
+    bounds.start = Trim(line.substr(std::min(e, line.size()), t - 2));
+    if (const auto blank = bounds.start.find(' '); blank != std::string::npos)
+        bounds.start = Trim(bounds.start.substr(0, blank));
+    bounds.stop = Trim(t + 1 < line.size() ? line.substr(t + 1) : "");
+    return bounds;
+}
 
 void RunSequence(Game &game, std::string sequence, int ownerRow, int mode) {
     if (mode == 1) {
@@ -145,13 +173,12 @@ void RunSequence(Game &game, std::string sequence, int ownerRow, int mode) {
         const std::string &name = game.project.Element(ownerRow)[kNameColumn];
         game.CurrentArrayIndex = HasParens(name) ? ParenText(name) : std::string();
     }
-    sequence = ReplaceAll(sequence, "action:", "");
-    for (int pass = 0; pass < 2; ++pass) sequence = ReplaceAll(sequence, "``", "`");
+    sequence = PrepareSequence(sequence);
     if (game.walkDepth == 0) game.walkSteps = game.walkWork = 0;
     game.CountWork(sequence.size());
     ++game.walkDepth;
     ++game.RunningSequences;
-    WalkFields(game, SplitFields(sequence));
+    WalkFields(game, SequenceFields(sequence));
     --game.RunningSequences;
     --game.walkDepth;
 }

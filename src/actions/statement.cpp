@@ -115,7 +115,7 @@ const std::string_view *DispatchNames(std::size_t &count) {
     return kNames.data();
 }
 
-std::string BracketArg(std::string_view rest, int index) {
+std::string BracketArgText(std::string_view rest) {
     std::string out = "lll";
     bool inBracket = false;
     for (const char c : rest) {
@@ -123,9 +123,12 @@ std::string BracketArg(std::string_view rest, int index) {
         else if (c == ']') inBracket = false;
         else out += c == ' ' && !inBracket ? '`' : c;
     }
-    out = ReplaceAll(ReplaceAll(out, "lll`", ""), "lll", "");
+    return ReplaceAll(ReplaceAll(out, "lll`", ""), "lll", "");
+}
+
+std::string BracketArg(std::string_view rest, int index) {
     if (index < 1 || index > 32767) return {};
-    return FieldBy(out, static_cast<std::int16_t>(index), "`");
+    return FieldBy(BracketArgText(rest), static_cast<std::int16_t>(index), "`");
 }
 
 std::int32_t ResolveToolRef(Game &game, std::string &tool) {
@@ -133,25 +136,32 @@ std::int32_t ResolveToolRef(Game &game, std::string &tool) {
     return game.desk.GetToolIndex(tool);
 }
 
-std::string RunStatement(Game &game, std::string statement) {
-    if (InStr(statement, "{") && statement.ends_with('}')) return {};
-    game.host.Yield();
+StatementParts SplitStatement(std::string_view text) {
+    std::string statement(text);
     for (std::string_view prefix : {"action:", "Action:", "ACTION:"})
         statement = ReplaceAll(statement, prefix, "");
     statement = Trim(statement);
-    Statement st;
+    StatementParts parts;
     if (const auto equals = statement.find('='); equals != std::string::npos) {
-        st.target = Trim(statement.substr(0, equals));
+        parts.target = Trim(statement.substr(0, equals));
         statement = Trim(statement.substr(equals + 1));
     }
-    std::string name = statement;
+    parts.name = statement;
     if (const auto blank = statement.find(' '); blank != std::string::npos) {
-        name = Trim(statement.substr(0, blank));
-        st.rest = Trim(statement.substr(blank + 1));
+        parts.name = Trim(statement.substr(0, blank));
+        parts.rest = Trim(statement.substr(blank + 1));
     }
-    name = NormText(name);
+    parts.name = NormText(parts.name);
+    return parts;
+}
+
+std::string RunStatement(Game &game, std::string statement) {
+    if (InStr(statement, "{") && statement.ends_with('}')) return {};
+    game.host.Yield();
+    StatementParts parts = SplitStatement(statement);
+    Statement st{std::move(parts.target), std::move(parts.rest)};
     for (const Row &row : kDispatch)
-        if (row.name == name) return row.handler(game, st);
+        if (row.name == parts.name) return row.handler(game, st);
     return {};
 }
 

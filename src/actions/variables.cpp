@@ -64,6 +64,15 @@ std::string ParenText(std::string_view text) {
                                                                       : close - open - 1));
 }
 
+std::span<const std::string_view> SpecialVariableNames() {
+    static constexpr std::string_view kNames[] = {
+        "$playername",      "$randomname",        "$randomshortname", "$randompassword",
+        "$realip",          "$randomip",          "$randomshortword", "$randomaverageword",
+        "$randomlongword",  "$random2",           "$random4",         "$random9",
+        "$random25",        "$random100",         "$random1000"};
+    return kNames;
+}
+
 std::string ExpandSpecialNames(Game &game, std::string text) {
     const auto replace = [&text](std::string_view name, const std::string &value) {
         text = ReplaceAll(text, name, value);

@@ -1,6 +1,7 @@
 // User variables, special variables and the substitution passes every argument goes through.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,8 @@ std::string ExpandSpecials(Game &game, std::string_view text);
 // The first pass of ExpandSpecials: the special names ("$playername", "$random25"...) in
 // their binding order, each value drawn whether the text holds its name or not.
 std::string ExpandSpecialNames(Game &game, std::string text);
+// The special names ExpandSpecialNames replaces, in its order, "(?)" aside.
+std::span<const std::string_view> SpecialVariableNames();
 // User variables only, longest names first, each replacement open to later names.
 std::string SubstituteVariables(Game &game, std::string_view text);
 // Substitutes only the text within the first parentheses: "$slot($i)" by the value of $i.

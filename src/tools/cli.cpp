@@ -1,5 +1,5 @@
-// The orrery tool's commands: new, resave, edit, dump, summary, generate, package, world,
-// play, scramble, unscramble.
+// The orrery tool's commands: new, resave, edit, check, dump, summary, generate, package,
+// world, play, scramble, unscramble.
 #include "tools/cli.h"
 
 #include <CLI/CLI.hpp>
@@ -16,6 +16,7 @@
 #include "project/defaults.h"
 #include "project/loader.h"
 #include "project/saver.h"
+#include "tools/check_command.h"
 #include "tools/dump.h"
 #include "tools/edit_command.h"
 #include "tools/package_command.h"
@@ -219,6 +220,12 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     playCommand->add_flag("--load", loadGame, "Load the saved profile")->excludes(fresh);
     playCommand->add_option("--script", play.script, "The script file; standard input when absent or -");
 
+    bool json = false;
+    auto *check =
+        app.add_subcommand("check", "Check a project's sequences, names and files; nothing is changed");
+    AddProjectArgs(*check, project);
+    check->add_flag("--json", json, "The findings as a JSON array");
+
     auto *scramble = app.add_subcommand("scramble", "Scramble each line of standard input");
     auto *unscramble = app.add_subcommand("unscramble", "Unscramble each line of standard input");
 
@@ -240,6 +247,7 @@ int RunOrreryCli(const std::vector<std::string> &args, std::istream &in, std::os
     if (newCommand->parsed()) return New(project, info, out, err);
     if (resave->parsed()) return Resave(project, backup, out, err);
     if (dump->parsed()) return Dump(project, out, err);
+    if (check->parsed()) return CheckCommand(project.appDir, project.name, json, out, err);
     if (summary->parsed()) return Summary(project, out, err);
     if (playCommand->parsed()) {
         if (play.newGame == loadGame) {
