@@ -23,7 +23,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <unistd.h>
 
 namespace orrery {
 namespace {
@@ -49,9 +48,8 @@ Setup *g_setup = nullptr;
 // The largest project with one free tool slot, for AddTool; and a new project with 1,000
 // steps made on it and kept on an undo stack.
 bool Prepare(Setup &s) {
-    std::string pattern = (fs::temp_directory_path() / "orrery-bench-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) return false;
-    s.root = pattern;
+    s.root = MakeBenchFolder();
+    if (s.root.empty()) return false;
     s.paths.emplace(s.root);
     ProjectModel largest = MakeLargestModel(kLargestName);
     largest.ToolNameTable[99].clear();

@@ -2,6 +2,11 @@
 #include "largest_project.h"
 
 #include "foundation/convert.h"
+#include "project/loader.h"
+#include "project/saver.h"
+
+#include <memory>
+#include <unistd.h>
 
 namespace orrery {
 
@@ -84,6 +89,35 @@ ProjectModel MakeLargestModel(std::string_view name) {
     for (int i = 1; i <= 50; ++i)
         m.menuImages.push_back(MenuImage{"menu" + Num(i) + ".bmp", 10 * i, 20 * i, "NEW:go"});
     return m;
+}
+
+std::filesystem::path MakeBenchFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "orrery-bench-XXXXXX").string();
+    return ::mkdtemp(pattern.data()) ? std::filesystem::path(pattern) : std::filesystem::path();
+}
+
+std::filesystem::path MakeLargestProjectFolder(std::string_view name) {
+    const std::filesystem::path root = MakeBenchFolder();
+    ProjectModel made = MakeLargestModel(name);
+    if (root.empty() || SaveProject(made, AppPaths(root), "", 1).status != SaveStatus::Saved)
+        return {};
+    return root;
+}
+
+void MeasureLoad(benchmark::State &state, const AppPaths &paths, std::string_view name,
+                 std::size_t lines) {
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto model = std::make_unique<ProjectModel>();
+        state.ResumeTiming();
+        const LoadReport report = LoadProject(*model, paths, name);
+        benchmark::DoNotOptimize(model->elementCount);
+        state.PauseTiming();
+        model.reset();
+        state.ResumeTiming();
+        if (!report.found || (lines && report.lines != lines))
+            state.SkipWithError("the file didn't load whole");
+    }
 }
 
 } // namespace orrery

@@ -13,7 +13,6 @@
 #include "largest_project.h"
 #include "ratios.h"
 
-#include <memory>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -23,7 +22,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 #include <vector>
 
 namespace orrery {
@@ -48,14 +46,11 @@ struct Setup {
 Setup *g_setup = nullptr;
 
 bool Prepare(Setup &s) {
-    std::string pattern = (std::filesystem::temp_directory_path() / "orrery-bench-XXXXXX").string();
-    if (!::mkdtemp(pattern.data())) return false;
-    s.root = pattern;
-    s.paths.emplace(s.root);
     // A save of the made model, loaded as a session would: the loaded model saves the very
     // bytes it was read from.
-    ProjectModel made = MakeLargestModel(kProjectName);
-    if (SaveProject(made, *s.paths, "", 1).status != SaveStatus::Saved) return false;
+    s.root = MakeLargestProjectFolder(kProjectName);
+    if (s.root.empty()) return false;
+    s.paths.emplace(s.root);
     s.file = *s.paths->ProjectFile(kProjectName);
     if (!LoadProject(s.model, *s.paths, kProjectName).found) return false;
     if (SaveProject(s.model, *s.paths, "", 1).status != SaveStatus::Saved) return false;
@@ -88,21 +83,8 @@ void ReadAndSplit(benchmark::State &state, const std::filesystem::path &file, st
                             static_cast<std::int64_t>(std::filesystem::file_size(file)));
 }
 
-// The program's model exists from its start and outlives the load, so making a blank model and
-// freeing it afterwards stay outside the time measured.
 void Load(benchmark::State &state, std::string_view name, std::size_t lines) {
-    const Setup &s = *g_setup;
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto model = std::make_unique<ProjectModel>();
-        state.ResumeTiming();
-        const LoadReport report = LoadProject(*model, *s.paths, name);
-        benchmark::DoNotOptimize(model->elementCount);
-        state.PauseTiming();
-        model.reset();
-        state.ResumeTiming();
-        if (report.lines != lines) state.SkipWithError("the file didn't load whole");
-    }
+    MeasureLoad(state, *g_setup->paths, name, lines);
 }
 
 void BM_RawReadAndSplit(benchmark::State &state) {
