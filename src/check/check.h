@@ -47,7 +47,8 @@ struct Finding {
 
 // Every finding of the project as loaded into the model, in the order of the file's lines.
 // fileText is the project file the model was loaded from (it gives the lines, and shows what
-// the reader cut); paths lets the checker look for media under Res/. The model is not changed.
+// the reader cut); paths lets the checker look for media under Res/, and an application folder
+// without Res/ has its media passed over. The model is not changed.
 std::vector<Finding> CheckProject(const ProjectModel &model, std::string_view fileText,
                                   const AppPaths &paths);
 

@@ -2,6 +2,7 @@
 // indexed once, the findings as they are made, and the walk over a sequence.
 #pragma once
 
+#include "actions/statement.h"
 #include "actions/substitution.h"
 #include "check/check.h"
 #include "project/model.h"
@@ -131,6 +132,8 @@ public:
 private:
     void CheckLoop(const std::string &line, const Site &site);
     void CheckCall(const std::string &line, bool inLoop, bool argumentsAppended, const Site &site);
+    void CheckArguments(const StatementParts &parts, std::string_view function,
+                        bool argumentsAppended, const Site &site);
     void CheckArgument(std::string_view function, std::string_view label, const std::string &arg,
                        const Site &site);
     void CheckTarget(const std::string &target, std::string_view function, const Site &site);

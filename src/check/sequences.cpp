@@ -124,13 +124,19 @@ void SequenceChecker::CheckSequence(std::string_view stored, const Site &site) {
     bool inLoop = false;
     for (std::size_t i = 0; i < end; ++i) {
         std::string line = Trim(fields[i]);
-        if (IsSkippedLine(line)) continue;
-        ++at.place.statement;
-        CheckLine(std::move(line), labels, inLoop, at);
+        if (line.empty()) continue;
+        ++at.place.statement; // as the editor lists them: one a line, empty ones left out
+        if (!IsSkippedLine(line)) CheckLine(std::move(line), labels, inLoop, at);
     }
     if (inLoop && !site.queued)
         m_findings.Warning("loop-form",
                            "FOR without NEXT: the body runs once; close it with NEXT $v",
+                           site.place, site.line);
+    if (std::any_of(fields.begin() + static_cast<std::ptrdiff_t>(end), fields.end(),
+                    [](std::string_view field) { return !IsBlank(field); }))
+        m_findings.Warning("unreached",
+                           "the statements after two empty ones in a row, or past the 500th, "
+                           "never run: remove the gap",
                            site.place, site.line);
 }
 
@@ -230,41 +236,41 @@ void SequenceChecker::CheckCall(const std::string &line, bool inLoop, bool argum
                            "PLAY_MUSIC plays nothing: give the game's music in mygamemp3tracks or "
                            "as a counter's audio",
                            site.place, site.line);
-    const bool wholeRest = TakesWholeRest(parts.name);
-    if (!wholeRest && InStr(parts.rest, "lll")) {
+    if (!TakesWholeRest(parts.name) && InStr(parts.rest, "lll")) {
         const std::string word = WordHolding(parts.rest, "lll");
         m_findings.Warning("lll-argument",
                            Quoted(word) + " holds \"lll\", which arguments lose (it reads " +
                                Quoted(ReplaceAll(word, "lll", "")) + "); rename it",
                            site.place, site.line);
     }
-    const CatalogueEntry *entry = FindCatalogueEntry(parts.name);
-    std::size_t firstRead = 0; // the argument from which the text is read for variables
-    if (entry && !wholeRest) {
-        const std::size_t most = entry->ParamCount();
-        const std::size_t least = most - static_cast<std::size_t>(OptionalParams(parts.name));
-        const std::size_t count = ArgumentCount(parts.rest);
-        if (!argumentsAppended && (count < least || count > most))
-            m_findings.Warning("argument-count",
-                               function + " takes " + CountText(least, most) + ", not " +
-                                   IntText(static_cast<int>(count)) +
-                                   ": check the brackets and the blanks between them",
-                               site.place, site.line);
-        const std::string args = BracketArgText(parts.rest);
-        for (std::size_t i = 1; i <= most; ++i)
-            CheckArgument(function, entry->labels[i - 1],
-                          Trim(FieldBy(args, static_cast<std::int16_t>(i), "`")), site);
-        if (parts.name == "create_variable") {
-            firstRead = 2;
-            NoteCreated(line, &site);
-        }
-    }
-    if (firstRead)
-        NoteReads(BracketArg(parts.rest, static_cast<int>(firstRead)), true, inLoop, site);
-    else
+    CheckArguments(parts, function, argumentsAppended, site);
+    if (parts.name == "create_variable") {
+        NoteCreated(line, &site);
+        NoteReads(BracketArg(parts.rest, 2), true, inLoop, site);
+    } else {
         NoteReads(parts.rest, true, inLoop, site);
+    }
     if (!parts.target.empty() && parts.name.starts_with("return"))
         CheckTarget(parts.target, function, site);
+}
+
+void SequenceChecker::CheckArguments(const StatementParts &parts, std::string_view function,
+                                     bool argumentsAppended, const Site &site) {
+    const CatalogueEntry *entry = FindCatalogueEntry(parts.name);
+    if (!entry || TakesWholeRest(parts.name)) return;
+    const std::size_t most = entry->ParamCount();
+    const std::size_t least = most - static_cast<std::size_t>(OptionalParams(parts.name));
+    const std::size_t count = ArgumentCount(parts.rest);
+    if (!argumentsAppended && (count < least || count > most))
+        m_findings.Warning("argument-count",
+                           std::string(function) + " takes " + CountText(least, most) + ", not " +
+                               IntText(static_cast<int>(count)) +
+                               ": check the brackets and the blanks between them",
+                           site.place, site.line);
+    const std::string args = BracketArgText(parts.rest);
+    for (std::size_t i = 1; i <= most; ++i)
+        CheckArgument(function, entry->labels[i - 1],
+                      Trim(FieldBy(args, static_cast<std::int16_t>(i), "`")), site);
 }
 
 void SequenceChecker::CheckArgument(std::string_view function, std::string_view label,
