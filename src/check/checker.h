@@ -130,6 +130,7 @@ public:
     void JudgeVariables();
 
 private:
+    void CheckQueued(std::string_view stored, const Site &site);
     void CheckLoop(const std::string &line, const Site &site);
     void CheckCall(const std::string &line, bool inLoop, bool argumentsAppended, const Site &site);
     void CheckArguments(const StatementParts &parts, std::string_view function,

@@ -1,5 +1,6 @@
 // Sequences and statements read as the run-time reads them, with what each names looked up.
 #include "actions/catalogue.h"
+#include "actions/game.h"
 #include "actions/sequence.h"
 #include "actions/statement.h"
 #include "actions/variables.h"
@@ -107,7 +108,31 @@ std::string UnknownHint(const StatementParts &parts) {
 
 } // namespace
 
+// A timed sequence goes on the gun as it is stored: its first fields only, each statement once.
+void SequenceChecker::CheckQueued(std::string_view stored, const Site &site) {
+    const std::vector<std::string_view> fields = SequenceFields(stored);
+    TextSet queued;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const std::string statement = Trim(fields[i]);
+        if (statement.empty()) continue;
+        if (i >= static_cast<std::size_t>(kGunSlots)) {
+            m_findings.Warning("gun-limit",
+                               "a timed sequence queues its first " + IntText(kGunSlots) +
+                                   " statements only: move the rest into a qlob",
+                               site.place, site.line);
+            return;
+        }
+        if (!queued.insert(statement).second)
+            m_findings.Warning("gun-duplicate",
+                               Quoted(statement) +
+                                   " stands twice in a timed sequence, and the queue drops the "
+                                   "second: put it in a qlob",
+                               site.place, site.line);
+    }
+}
+
 void SequenceChecker::CheckSequence(std::string_view stored, const Site &site) {
+    if (site.queued) CheckQueued(stored, site);
     const std::string prepared = PrepareSequence(stored);
     const std::vector<std::string_view> fields = SequenceFields(prepared);
     // The walk ends at the first two empty fields in a row.
