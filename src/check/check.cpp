@@ -214,6 +214,18 @@ void CheckTopMenu(const Context &cx) {
     }
 }
 
+// The main menu opens the options by words in the line's caption, not by the key that gave it.
+void CheckOptionsCaption(const Context &cx) {
+    const std::string caption = NormText(cx.settings.mymenustringoptions);
+    if (caption.empty() || InStr(caption, "option") || InStr(caption, "conf")) return;
+    cx.findings.Warning("menu-options",
+                        "the options line " + Quoted(cx.settings.mymenustringoptions) +
+                            " opens nothing: the menu opens the options for a caption holding "
+                            "\"option\" or \"conf\"; reword it",
+                        PlaceOf(K::Setting, "mymenustringoptions"),
+                        cx.lines.Setting("mymenustringoptions"));
+}
+
 void CheckToolList(const Context &cx, std::string_view key, const std::string &list) {
     const int line = cx.lines.Setting(key);
     for (std::int16_t i = 1; i <= 99; ++i) {
@@ -385,6 +397,7 @@ std::vector<Finding> CheckProject(const ProjectModel &model, std::string_view fi
     sequences.CheckSequence(model.settings.mymainsubload, {PlaceOf(FindingPlace::Kind::MainLoad),
                                                            lines.Setting("mymainsubload")});
     CheckTopMenu(cx);
+    CheckOptionsCaption(cx);
     CheckToolList(cx, "mysideexludelist", ReplaceAll(model.settings.mysideexludelist, "//", ":"));
     CheckToolList(cx, "myhiddentools", ReplaceAll(model.settings.myhiddentools, " ", ""));
     CheckMediaSettings(cx);
