@@ -20,12 +20,35 @@ namespace check {
 
 void Findings::Add(Severity severity, std::string_view code, std::string message,
                    FindingPlace place, int line) {
-    m_findings.push_back({severity, std::string(code), std::move(message), std::move(place), line});
+    Finding &finding = m_findings.emplace_back();
+    finding.severity = severity;
+    finding.code = code;
+    finding.message = std::move(message);
+    finding.place = std::move(place);
+    finding.line = line;
 }
 
 std::vector<Finding> Findings::Sorted() && {
-    std::stable_sort(m_findings.begin(), m_findings.end(),
-                     [](const Finding &a, const Finding &b) { return a.line < b.line; });
+    // The order is found on the lines alone, then each finding is moved to its place along
+    // the cycles of that order, without a second list of findings.
+    std::vector<std::pair<int, std::size_t>> order;
+    order.reserve(m_findings.size());
+    for (std::size_t i = 0; i < m_findings.size(); ++i) order.emplace_back(m_findings[i].line, i);
+    std::stable_sort(order.begin(), order.end(),
+                     [](const auto &a, const auto &b) { return a.first < b.first; });
+    std::vector<bool> placed(order.size());
+    for (std::size_t start = 0; start < order.size(); ++start) {
+        if (placed[start]) continue;
+        Finding held = std::move(m_findings[start]);
+        std::size_t at = start;
+        for (std::size_t from = order[at].second; from != start; from = order[at].second) {
+            m_findings[at] = std::move(m_findings[from]);
+            placed[at] = true;
+            at = from;
+        }
+        m_findings[at] = std::move(held);
+        placed[at] = true;
+    }
     return std::move(m_findings);
 }
 
@@ -312,6 +335,33 @@ void CheckMediaSettings(const Context &cx) {
     }
 }
 
+// A declared name that begins others, said once with the first of them.
+void CheckVariablePrefixes(const Context &cx) {
+    struct Longer {
+        std::string first;
+        int count = 0;
+    };
+    TextMap<Longer> longer; // by the shorter name
+    for (const auto &[name, slot] : cx.index.variables)
+        for (std::size_t length = 2; length < name.size(); ++length)
+            if (cx.index.variables.contains(std::string_view(name).substr(0, length))) {
+                Longer &found = longer[name.substr(0, length)];
+                if (!found.count++ || slot < cx.index.variables.at(found.first)) found.first = name;
+            }
+    for (int slot = 1; slot <= kVariableRows; ++slot) {
+        const std::string name = NormText(cx.model.VariableTable[slot].name);
+        const auto found = longer.find(name);
+        if (found == longer.end() || cx.index.variables.at(name) != slot) continue;
+        const auto &[first, count] = found->second;
+        cx.findings.Warning(
+            "variable-prefix",
+            name + " begins " + first +
+                (count > 1 ? " and " + IntText(count - 1) + " more" : std::string()) +
+                ", so a text meant for one can be read as another: rename it",
+            PlaceOf(K::Variable, name), SlotLine(cx.lines.variables, slot));
+    }
+}
+
 void CheckVariables(const Context &cx) {
     for (int slot = 1; slot <= kVariableRows; ++slot) {
         const Variable &variable = cx.model.VariableTable[slot];
@@ -337,17 +387,8 @@ void CheckVariables(const Context &cx) {
                                     (InStr(variable.name, "_") ? "name" : "value") +
                                     ", which lookups delete: write \"-\" instead",
                                 place, line);
-        for (std::size_t length = 2; length < name.size(); ++length)
-            if (const auto shorter =
-                    cx.index.variables.find(std::string_view(name).substr(0, length));
-                shorter != cx.index.variables.end())
-                cx.findings.Warning("variable-prefix",
-                                    shorter->first + " begins " + name +
-                                        ", so a text meant for one can be read as the other: "
-                                        "rename one",
-                                    PlaceOf(K::Variable, shorter->first),
-                                    SlotLine(cx.lines.variables, shorter->second));
     }
+    CheckVariablePrefixes(cx);
 }
 
 void CheckCustomServers(const Context &cx) {

@@ -23,11 +23,11 @@ class Findings {
 public:
     void Add(Severity severity, std::string_view code, std::string message, FindingPlace place,
              int line);
-    void Error(std::string_view code, std::string message, const FindingPlace &place, int line) {
-        Add(Severity::Error, code, std::move(message), place, line);
+    void Error(std::string_view code, std::string message, FindingPlace place, int line) {
+        Add(Severity::Error, code, std::move(message), std::move(place), line);
     }
-    void Warning(std::string_view code, std::string message, const FindingPlace &place, int line) {
-        Add(Severity::Warning, code, std::move(message), place, line);
+    void Warning(std::string_view code, std::string message, FindingPlace place, int line) {
+        Add(Severity::Warning, code, std::move(message), std::move(place), line);
     }
     std::vector<Finding> Sorted() &&;
 

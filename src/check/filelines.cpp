@@ -93,10 +93,13 @@ public:
     void Line(std::string_view line, int number) {
         const std::size_t colon = line.find(':');
         if (colon == std::string_view::npos) return;
-        AssignNormText(m_key, line.substr(0, colon));
+        // Element properties are most of a file: they take the short way, and a key written in
+        // its comparison form needs no normalising.
+        const std::string_view written = line.substr(0, colon);
+        if (written != "element") AssignNormText(m_key, written);
         const auto colons = static_cast<int>(std::count(line.begin(), line.end(), ':'));
-        // Element properties are most of a file: they take the short way.
-        if (m_key == "element") {
+        if (written == "element" || m_key == "element") {
+            m_key = "element";
             ElementProperty(line, number);
             if (colons >= 4) Cut(m_key, line, 4, number);
             return;
@@ -140,10 +143,12 @@ private:
     void ElementProperty(std::string_view line, int number) {
         if (m_row < 1 || m_row > kElementRows) return;
         const std::string_view property = FieldView(line, 3);
-        AssignNormText(m_property, property);
         const auto &keys = FileLines::kElementKeys;
-        const auto found = IsActionKey(property) ? keys.begin() + 1
-                                                 : std::find(keys.begin(), keys.end(), m_property);
+        auto found = keys.begin() + 1; // the action
+        if (!IsActionKey(property)) {
+            AssignNormText(m_property, property);
+            found = std::find(keys.begin(), keys.end(), m_property);
+        }
         if (found != keys.end())
             m_lines.elementKeys[static_cast<std::size_t>(m_row)]
                                [static_cast<std::size_t>(found - keys.begin())] = number;
