@@ -292,6 +292,8 @@ void SequenceChecker::CheckArguments(const StatementParts &parts, std::string_vi
                                IntText(static_cast<int>(count)) +
                                ": check the brackets and the blanks between them",
                            site.place, site.line);
+    // RETURN_IMAGE looks for its picture only when it gives it to an element.
+    if (parts.name == "return_image" && !m_index.ElementRow(StripBrackets(parts.target))) return;
     const std::string args = BracketArgText(parts.rest);
     for (std::size_t i = 1; i <= most; ++i)
         CheckArgument(function, entry->labels[i - 1],
