@@ -38,6 +38,21 @@ inline const Message kNoSubChosen{
     "Hello", "You must select a Sub from the list above. You will be able to assign commands to "
              "the opening and closing of tools."};
 
+// The action editor's words.
+inline constexpr std::string_view kAssignActions = "Assign Actions";
+inline const Message kGotoNeedsTag{
+    "Note", "You must enter a tag name in the text box. You will be able to move the position of "
+            "the tag once the GOTO statement has been added."};
+inline const Message kFieldsIncomplete{"Error", "All fields must be complete."};
+inline constexpr Question kPasteCommands{"Paste",
+                                         "Are you sure you want to paste the clipboard as commands"};
+inline constexpr std::string_view kNewVariablePrompt = "Enter new variable name";
+inline constexpr std::string_view kCustomValuePrompt = "Add custom value";
+inline constexpr std::string_view kPickElement = "Click on the element to be used in the function";
+inline constexpr std::string_view kPickVariableInstead = "Double click to use a variable instead.";
+inline constexpr std::string_view kFunctionOn = "Function on ";
+inline constexpr std::string_view kNoProblems = "No problems found";
+
 // Refusals of the server editor.
 inline const Message kTooManyFields{"Error", "You have reached the max, sorry, try deleting one "
                                              "first, restarting the app, and adding it again."};
