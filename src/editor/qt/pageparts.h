@@ -38,6 +38,7 @@ public:
 
 protected:
     ProjectModel &model();
+    const EditorContext &context() const { return m_context; }
     // Makes the step through the context and, when it was not refused, shows the model again.
     bool Apply(Outcome outcome);
 

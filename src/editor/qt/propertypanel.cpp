@@ -2,6 +2,7 @@
 #include "editor/qt/propertypanel.h"
 
 #include "editor/pictures.h"
+#include "editor/qt/actioneditor.h"
 #include "editor/qt/propertyeditors.h"
 #include "editor/qt/sequenceedit.h"
 #include "editor/session.h"
@@ -591,17 +592,27 @@ PropertyPanel::Editor PropertyPanel::ActionEditor(const ElementProperty &propert
     edit->setToolTip(tr("One statement a line"));
     auto *save = new QPushButton(tr("Save Action"));
     save->setObjectName("saveAction");
+    auto *assign = new QPushButton(tr("Assign Actions..."));
+    assign->setObjectName("cmdAssignActions");
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(assign);
+    buttons->addWidget(save);
     auto *layout = new QVBoxLayout(field);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(4);
     layout->addWidget(edit);
-    layout->addWidget(save, 0, Qt::AlignRight);
+    layout->addLayout(buttons);
     const auto flush = [this, edit, &property] {
         if (!edit->document()->isModified()) return;
         edit->document()->setModified(false);
         Commit({{std::string(property.key), edit->sequence()}});
     };
     connect(save, &QPushButton::clicked, this, flush);
+    connect(assign, &QPushButton::clicked, this, [this, flush] {
+        flush();
+        AssignActions();
+    });
     new FocusOut(edit, flush);
     auto show = [edit](const std::optional<std::string> &value) {
         edit->setPlaceholderText(value ? QString() : tr(kMixed));
@@ -612,6 +623,17 @@ PropertyPanel::Editor PropertyPanel::ActionEditor(const ElementProperty &propert
 }
 
 // The dialogs.
+
+void PropertyPanel::AssignActions() {
+    if (m_names.size() != 1) return;
+    const ProjectModel &model = m_context.session->model();
+    const int row = ElementRowByName(model, m_names[0]);
+    if (!row) return;
+    const SequencePlace place{SequencePlace::Kind::Element,
+                              FieldAt(model.Element(row)[kToolColumn], 2), m_names[0]};
+    orrery::ActionEditor editor(m_context, place, this);
+    editor.exec();
+}
 
 namespace {
 

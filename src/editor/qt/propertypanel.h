@@ -46,6 +46,8 @@ public:
     bool SetPicture(const QString &file);
     // A list's items or a console's commands, one an entry.
     bool SetItems(std::string_view key, const std::vector<std::string> &items);
+    // The action editor on the one element shown; its save is one step.
+    void AssignActions();
 
 private:
     struct Editor;

@@ -4,6 +4,8 @@
 #include "check/check.h"
 
 #include "actions/catalogue.h"
+#include "editor/actions.h"
+#include "editor/qt/actioneditor.h"
 #include "editor/qt/sequenceedit.h"
 #include "editor/qt/shellparts.h"
 #include "editor/sequences.h"
@@ -50,6 +52,7 @@ QlobPage::QlobPage(EditorContext context, QWidget *parent)
     m_remove = PageButton(tr("Remove"), "Command32");
     m_save = PageButton(tr("Save Manual Edits"), "Command34");
     auto *special = PageButton(tr("Show Special Vars"), "Command33");
+    m_assign = PageButton(tr("Assign Actions..."), "cmdQlobActions");
 
     m_statements->setPlaceholderText(tr("The qlob's statements, one a line"));
 
@@ -61,7 +64,7 @@ QlobPage::QlobPage(EditorContext context, QWidget *parent)
     page->addWidget(m_list, 1, 0);
     page->addWidget(m_statements, 1, 1);
     page->addLayout(ButtonRow({add, m_remove}), 2, 0);
-    page->addLayout(ButtonRow({special}, {m_save}), 2, 1);
+    page->addLayout(ButtonRow({special}, {m_assign, m_save}), 2, 1);
     page->setRowStretch(1, 1);
 
     connect(m_list, &QListWidget::itemSelectionChanged, this, &QlobPage::ShowSelected);
@@ -69,6 +72,7 @@ QlobPage::QlobPage(EditorContext context, QWidget *parent)
     connect(m_remove, &QPushButton::clicked, this, &QlobPage::RemoveQlob);
     connect(m_save, &QPushButton::clicked, this, &QlobPage::SaveManualEdits);
     connect(special, &QPushButton::clicked, this, &QlobPage::ShowSpecialVars);
+    connect(m_assign, &QPushButton::clicked, this, &QlobPage::AssignActions);
     Reload();
 }
 
@@ -89,6 +93,14 @@ void QlobPage::ShowSelected() {
     m_statements->setEnabled(slot != 0);
     m_remove->setEnabled(slot != 0);
     m_save->setEnabled(slot != 0);
+    m_assign->setEnabled(slot != 0);
+}
+
+void QlobPage::AssignActions() {
+    const std::string name = FromQString(SelectedText(m_list));
+    if (name.empty()) return;
+    ActionEditor editor(context(), {SequencePlace::Kind::Qlob, "", name}, this);
+    if (editor.exec() == QDialog::Accepted) Reload();
 }
 
 void QlobPage::NewQlob() {

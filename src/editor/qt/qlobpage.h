@@ -26,6 +26,8 @@ public:
     // Stores the edit box's lines as the selected qlob's statements.
     void SaveManualEdits();
     void ShowSpecialVars();
+    // The action editor on the selected qlob; its save is one step.
+    void AssignActions();
 
 private:
     void ShowSelected();
@@ -35,6 +37,7 @@ private:
     SequenceEdit *m_statements;
     QPushButton *m_remove;
     QPushButton *m_save;
+    QPushButton *m_assign;
     Shown m_shown;
 };
 

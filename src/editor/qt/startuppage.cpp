@@ -2,7 +2,8 @@
 #include "editor/qt/startuppage.h"
 
 #include "check/check.h"
-
+#include "editor/actions.h"
+#include "editor/qt/actioneditor.h"
 #include "editor/qt/sequenceedit.h"
 #include "editor/sequences.h"
 #include "editor/session.h"
@@ -23,8 +24,13 @@ StartupPage::StartupPage(EditorContext context, QWidget *parent)
     page->addWidget(Caption(tr("Statements run when the game desktop has loaded, one a line: "
                                "the place to set up a new game's tools and properties.")));
     page->addWidget(m_statements, 1);
-    page->addLayout(ButtonRow({}, {assign}));
+    auto *actions = PageButton(tr("Assign Actions..."), "cmdStartupActions");
+    page->addLayout(ButtonRow({}, {actions, assign}));
     connect(assign, &QPushButton::clicked, this, &StartupPage::AssignStartup);
+    connect(actions, &QPushButton::clicked, this, [this] {
+        ActionEditor editor(this->context(), {SequencePlace::Kind::MainLoad, "", ""}, this);
+        if (editor.exec() == QDialog::Accepted) Reload();
+    });
     Reload();
 }
 

@@ -2,7 +2,8 @@
 #include "editor/qt/toolsubpage.h"
 
 #include "check/check.h"
-
+#include "editor/actions.h"
+#include "editor/qt/actioneditor.h"
 #include "editor/qt/sequenceedit.h"
 #include "editor/qt/shellparts.h"
 #include "editor/sequences.h"
@@ -35,6 +36,7 @@ ToolSubPage::ToolSubPage(EditorContext context, QWidget *parent)
     m_key->setObjectName("lblSubKey");
     m_statements->setObjectName("txtSub");
     auto *assign = PageButton(tr("Assign Commands"), "cmdAssignSub");
+    auto *actions = PageButton(tr("Assign Actions..."), "cmdSubActions");
 
     auto *tool = new QFormLayout;
     tool->addRow(tr("Tool"), m_tool);
@@ -43,12 +45,13 @@ ToolSubPage::ToolSubPage(EditorContext context, QWidget *parent)
     page->addWidget(m_key, 0, 1);
     page->addWidget(m_subs, 1, 0);
     page->addWidget(m_statements, 1, 1);
-    page->addLayout(ButtonRow({}, {assign}), 2, 1);
+    page->addLayout(ButtonRow({}, {actions, assign}), 2, 1);
     page->setRowStretch(1, 1);
 
     connect(m_tool, &QComboBox::currentIndexChanged, this, &ToolSubPage::ShowSelected);
     connect(m_subs, &QListWidget::itemSelectionChanged, this, &ToolSubPage::ShowSelected);
     connect(assign, &QPushButton::clicked, this, &ToolSubPage::OpenAnAssignments);
+    connect(actions, &QPushButton::clicked, this, &ToolSubPage::AssignActions);
     Reload();
 }
 
@@ -102,6 +105,14 @@ bool ToolSubPage::ShowItem(const FindingPlace &place) {
     ShowSelected();
     ShowLine(m_statements, place.statement);
     return true;
+}
+
+void ToolSubPage::AssignActions() {
+    const std::string sub = FromQString(SelectedText(m_subs));
+    const std::string tool = FromQString(m_tool->currentText());
+    if (sub.empty() || tool.empty()) return ShowMessage(this, words::kNoSubChosen);
+    ActionEditor editor(context(), {SequencePlace::Kind::ToolSub, tool, sub}, this);
+    if (editor.exec() == QDialog::Accepted) Reload();
 }
 
 } // namespace orrery

@@ -22,6 +22,8 @@ public:
     // Assigns the edit box's statements to the picked tool and event; without an event picked,
     // says how.
     void OpenAnAssignments();
+    // The action editor on the picked tool's event; its save is one step.
+    void AssignActions();
 
 private:
     void ShowSelected();
