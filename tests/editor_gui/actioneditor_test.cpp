@@ -153,6 +153,7 @@ TEST_F(ActionEditorGui, GetElementPicksTheElementClickedOnTheTool) {
     ASSERT_NE(seen, nullptr);
     EXPECT_EQ(Find<QComboBox>("lst2")->currentText(), "labelstatus");
     EXPECT_TRUE(made.empty()) << "picking changes nothing";
+    Shoot(editor.get(), "action_editor_element.png");
     Click("Command3");
     EXPECT_EQ(editor->lines().back(), "     ELEMENT_HIDE [Connector] [labelstatus]");
 
@@ -162,6 +163,11 @@ TEST_F(ActionEditorGui, GetElementPicksTheElementClickedOnTheTool) {
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
     EXPECT_EQ(Find<QLabel>("lf")->text(), "ELEMENT_HIDE");
     EXPECT_EQ(Find<QComboBox>("lst2")->currentText(), "labelstatus");
+
+    // A value function offers its target: the variables, an array by its "(?)" item.
+    Choose("RETURN_COMPLEX");
+    EXPECT_TRUE(Find<QWidget>("Picture1")->isVisible());
+    EXPECT_EQ(Find<QComboBox>("lst0")->itemText(0), "_$score");
 }
 
 TEST_F(ActionEditorGui, TheTextViewAndTheListGoBackAndForth) {
