@@ -5,6 +5,8 @@
 #include "editor/qt/problemspanel.h"
 #include "editor/qt/toolcanvas.h"
 #include "editor/qt/tooleditor.h"
+#include "editor/sequences.h"
+#include "foundation/textfile.h"
 #include "editor/session.h"
 #include "gui/guitest.h"
 
@@ -16,6 +18,7 @@
 #include <QTabWidget>
 #include <QTest>
 #include <QTreeWidget>
+#include <QUndoStack>
 #include <gtest/gtest.h>
 
 namespace orrery {
@@ -87,6 +90,28 @@ TEST_F(ProblemsGui, AFindingOpensWhatItIsAbout) {
     Activate(3);
     EXPECT_EQ(CurrentTab(), "Variables");
     EXPECT_EQ(frame.tools()->findChild<QTreeWidget *>("List3")->currentItem()->text(0), "$stage");
+}
+
+TEST_F(ProblemsGui, AStepIsCheckedAndItsUndoToo) {
+    const auto errors = [this] {
+        std::vector<std::string> found;
+        for (const Finding &f : frame.problems()->findings())
+            if (f.severity == Severity::Error) found.push_back(f.code + "@" + std::to_string(f.line));
+        return found;
+    };
+    EXPECT_TRUE(errors().empty()) << "the demo has no errors";
+    ASSERT_TRUE(frame.Apply(SetQlob(session.model(), "noroute", "SHOW_MESAGE [hi]`_GOTO [away]")));
+    ASSERT_TRUE(test::WaitFor([&] { return errors().size() == 2; }));
+    // Both stand on the qlob's line of the saved file.
+    const std::string file = ReadFileBytes(session.File()).value_or("");
+    const auto lines = SplitLines(file);
+    const auto at = std::find_if(lines.begin(), lines.end(),
+                                 [](std::string_view line) { return line.starts_with("qlob:NOROUTE"); });
+    ASSERT_NE(at, lines.end());
+    const std::string line = std::to_string(at - lines.begin() + 1);
+    EXPECT_EQ(errors(), (std::vector<std::string>{"unknown-statement@" + line, "missing-label@" + line}));
+    frame.undoStack()->undo();
+    ASSERT_TRUE(test::WaitFor([&] { return errors().empty(); }));
 }
 
 } // namespace
