@@ -17,6 +17,7 @@
 #include <QComboBox>
 #include <QTabWidget>
 #include <QTest>
+#include <QTreeView>
 #include <QTreeWidget>
 #include <QUndoStack>
 #include <gtest/gtest.h>
@@ -36,11 +37,12 @@ struct ProblemsGui : ::testing::Test {
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&frame));
         frame.Start("Night Shift");
     }
-    QTreeWidget *List() { return frame.problems()->findChild<QTreeWidget *>("lstProblems"); }
+    QAbstractItemModel *List() { return frame.problems()->view()->model(); }
+    QString Cell(int row, int column) { return List()->index(row, column).data().toString(); }
     void Activate(int row) {
-        QTreeWidgetItem *item = List()->topLevelItem(row);
-        ASSERT_NE(item, nullptr);
-        emit List()->itemActivated(item, ProblemsPanel::kMessage);
+        const QModelIndex index = List()->index(row, FindingModel::kMessage);
+        ASSERT_TRUE(index.isValid());
+        emit frame.problems()->view()->activated(index);
     }
     QString CurrentTab() {
         auto *tabs = frame.tools()->findChild<QTabWidget *>("SSTab1");
@@ -61,12 +63,11 @@ TEST_F(ProblemsGui, AFindingOpensWhatItIsAbout) {
          {K::Variable, "$stage", "", 0, 0}, 519},
     };
     frame.problems()->ShowFindings(findings);
-    EXPECT_EQ(List()->topLevelItemCount(), 4);
+    EXPECT_EQ(List()->rowCount(), 4);
     EXPECT_EQ(frame.problems()->findChild<QLabel *>("lblProblems")->text().left(20),
               "2 errors, 2 warnings");
-    EXPECT_EQ(List()->topLevelItem(0)->text(ProblemsPanel::kWhere),
-              "buttonconnect, action, statement 1");
-    EXPECT_EQ(List()->topLevelItem(0)->text(ProblemsPanel::kLine), "246");
+    EXPECT_EQ(Cell(0, FindingModel::kWhere), "buttonconnect, action, statement 1");
+    EXPECT_EQ(Cell(0, FindingModel::kLine), "246");
     frame.findChild<QDockWidget *>("dockProblems")->show();
     test::Shot(&frame, "editor-problems.png");
 

@@ -7,7 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QStyle>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -60,78 +60,115 @@ QString PlaceText(const FindingPlace &place) {
     return QObject::tr("%1, statement %2").arg(name).arg(place.statement);
 }
 
+void FindingModel::SetFindings(std::vector<Finding> findings) {
+    beginResetModel();
+    m_findings = std::move(findings);
+    endResetModel();
+}
+
+int FindingModel::rowCount(const QModelIndex &parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_findings.size());
+}
+
+int FindingModel::columnCount(const QModelIndex &parent) const {
+    return parent.isValid() ? 0 : kColumns;
+}
+
+QVariant FindingModel::data(const QModelIndex &index, int role) const {
+    if (!index.isValid() || index.row() >= rowCount()) return {};
+    const Finding &finding = m_findings[static_cast<std::size_t>(index.row())];
+    const bool error = finding.severity == Severity::Error;
+    switch (index.column()) {
+    case kSeverity:
+        if (role == Qt::DecorationRole) {
+            static const QIcon errorIcon =
+                QApplication::style()->standardIcon(QStyle::SP_MessageBoxCritical);
+            static const QIcon warningIcon =
+                QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning);
+            return error ? errorIcon : warningIcon;
+        }
+        if (role == Qt::ToolTipRole) return error ? tr("error") : tr("warning");
+        break;
+    case kLine:
+        if (role == Qt::DisplayRole && finding.line > 0) return finding.line;
+        if (role == Qt::TextAlignmentRole) return int(Qt::AlignRight | Qt::AlignVCenter);
+        break;
+    case kWhere:
+        if (role == Qt::DisplayRole) return PlaceText(finding.place);
+        break;
+    case kMessage:
+        if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return Text(finding.message);
+        break;
+    }
+    return {};
+}
+
+QVariant FindingModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    switch (section) {
+    case kLine:
+        return tr("Line");
+    case kWhere:
+        return tr("Where");
+    case kMessage:
+        return tr("Problem");
+    default:
+        return {};
+    }
+}
+
 ProblemsPanel::ProblemsPanel(QWidget *parent)
-    : QWidget(parent), m_summary(new QLabel), m_list(new QTreeWidget) {
+    : QWidget(parent), m_summary(new QLabel), m_view(new QTreeView), m_model(new FindingModel(this)) {
     setObjectName("Problems");
     m_summary->setObjectName("lblProblems");
-    m_list->setObjectName("lstProblems");
-    m_list->setHeaderLabels({QString(), tr("Line"), tr("Where"), tr("Problem")});
-    m_list->setRootIsDecorated(false);
-    m_list->setUniformRowHeights(true);
-    m_list->setAlternatingRowColors(true);
-    m_list->setWordWrap(false);
-    m_list->header()->setStretchLastSection(true);
-    m_list->header()->setSectionResizeMode(kSeverity, QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(kLine, QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(kWhere, QHeaderView::Interactive);
-    m_list->header()->resizeSection(kWhere, 220);
+    m_view->setObjectName("lstProblems");
+    m_view->setModel(m_model);
+    m_view->setRootIsDecorated(false);
+    m_view->setUniformRowHeights(true);
+    m_view->setAlternatingRowColors(true);
+    m_view->setWordWrap(false);
+    m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    QHeaderView *header = m_view->header();
+    header->setStretchLastSection(true);
+    header->setSectionResizeMode(FindingModel::kSeverity, QHeaderView::Fixed);
+    header->resizeSection(FindingModel::kSeverity, 28);
+    header->resizeSection(FindingModel::kLine, 56);
+    header->resizeSection(FindingModel::kWhere, 240);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 4, 6, 6);
     layout->setSpacing(4);
     layout->addWidget(m_summary);
-    layout->addWidget(m_list);
-    connect(m_list, &QTreeWidget::itemActivated, this, &ProblemsPanel::Open);
+    layout->addWidget(m_view);
+    connect(m_view, &QTreeView::activated, this, [this](const QModelIndex &index) {
+        if (index.isValid() && index.row() < m_model->rowCount())
+            emit openRequested(findings()[static_cast<std::size_t>(index.row())].place);
+    });
     ShowFindings({});
 }
 
 void ProblemsPanel::ShowFindings(std::vector<Finding> findings) {
-    QTreeWidgetItem *picked = m_list->currentItem();
-    const int pickedRow = picked ? m_list->indexOfTopLevelItem(picked) : -1;
+    const QModelIndex picked = m_view->currentIndex();
     std::optional<Finding> kept;
-    if (pickedRow >= 0 && pickedRow < static_cast<int>(m_findings.size()))
-        kept = m_findings[pickedRow];
-    m_findings = std::move(findings);
+    if (picked.isValid() && picked.row() < m_model->rowCount())
+        kept = this->findings()[static_cast<std::size_t>(picked.row())];
+    m_model->SetFindings(std::move(findings));
 
-    const auto errors = std::count_if(m_findings.begin(), m_findings.end(), [](const Finding &f) {
+    const auto &shown = this->findings();
+    const auto errors = std::count_if(shown.begin(), shown.end(), [](const Finding &f) {
         return f.severity == Severity::Error;
     });
-    const auto warnings = static_cast<qsizetype>(m_findings.size()) - errors;
-    m_summary->setText(m_findings.empty()
+    const auto warnings = static_cast<qsizetype>(shown.size()) - errors;
+    m_summary->setText(shown.empty()
                            ? tr("No problems found.")
                            : tr("%1, %2. Double-click one to open it.")
                                  .arg(Count(errors, "error", "errors"),
                                       Count(warnings, "warning", "warnings")));
-
-    const QIcon errorIcon = style()->standardIcon(QStyle::SP_MessageBoxCritical);
-    const QIcon warningIcon = style()->standardIcon(QStyle::SP_MessageBoxWarning);
-    m_list->setUpdatesEnabled(false);
-    m_list->clear();
-    QList<QTreeWidgetItem *> items;
-    items.reserve(static_cast<qsizetype>(m_findings.size()));
-    QTreeWidgetItem *again = nullptr;
-    for (const Finding &finding : m_findings) {
-        auto *item = new QTreeWidgetItem;
-        const bool error = finding.severity == Severity::Error;
-        item->setIcon(kSeverity, error ? errorIcon : warningIcon);
-        item->setToolTip(kSeverity, error ? tr("error") : tr("warning"));
-        if (finding.line > 0) item->setText(kLine, QString::number(finding.line));
-        item->setTextAlignment(kLine, Qt::AlignRight | Qt::AlignVCenter);
-        item->setText(kWhere, PlaceText(finding.place));
-        item->setText(kMessage, Text(finding.message));
-        item->setToolTip(kMessage, Text(finding.message));
-        if (kept && !again && kept->code == finding.code && kept->message == finding.message)
-            again = item;
-        items.push_back(item);
-    }
-    m_list->addTopLevelItems(items);
-    if (again) m_list->setCurrentItem(again);
-    m_list->setUpdatesEnabled(true);
-}
-
-void ProblemsPanel::Open(QTreeWidgetItem *item) {
-    const int row = m_list->indexOfTopLevelItem(item);
-    if (row >= 0 && row < static_cast<int>(m_findings.size()))
-        emit openRequested(m_findings[row].place);
+    if (!kept) return;
+    const auto again = std::find_if(shown.begin(), shown.end(), [&](const Finding &f) {
+        return f.code == kept->code && f.message == kept->message;
+    });
+    if (again != shown.end())
+        m_view->setCurrentIndex(m_model->index(static_cast<int>(again - shown.begin()), 0));
 }
 
 } // namespace orrery
