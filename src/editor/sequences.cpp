@@ -207,6 +207,18 @@ Outcome RemoveHelp(ProjectModel &model, std::string_view title) {
     return t.Commit();
 }
 
+Outcome FillListing(ProjectModel &model) {
+    Transaction t(model, "Listing");
+    ProjectSettings filled = model.settings;
+    for (std::string *text : {&filled.myprojectdescriptionshort, &filled.myprojectdescriptionmedium,
+                              &filled.myprojectdescriptionlong})
+        if (IsBlank(*text)) *text = filled.myprojectdescription;
+    if (IsBlank(filled.myprojectkeywords)) filled.myprojectkeywords = "hacking, hackers";
+    if (filled != model.settings)
+        t.Set([](ProjectModel &m) -> ProjectSettings & { return m.settings; }, std::move(filled));
+    return t.Commit();
+}
+
 Outcome SetSetting(ProjectModel &model, std::string_view key, std::string_view value) {
     Transaction t(model, "Change Setting");
     const SettingKey *setting = FindSettingKey(NormText(key));

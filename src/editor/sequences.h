@@ -49,6 +49,9 @@ Outcome SetMainLoad(ProjectModel &model, std::string_view statements);
 Outcome SetHelp(ProjectModel &model, std::string_view title, std::string_view text);
 Outcome RemoveHelp(ProjectModel &model, std::string_view title);
 
+// The listing of a distribution as its builder opens: the short, medium and long descriptions
+// that are blank take the project's description, blank keywords "hacking, hackers".
+Outcome FillListing(ProjectModel &model);
 // A scalar setting by its key, with the value as the project file would give it.
 Outcome SetSetting(ProjectModel &model, std::string_view key, std::string_view value);
 

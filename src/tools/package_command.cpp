@@ -4,6 +4,7 @@
 #include "foundation/codepage.h"
 #include "foundation/paths.h"
 #include "packaging/distribution.h"
+#include "platform/fonts.h"
 
 #include <filesystem>
 #include <iostream>
@@ -24,6 +25,7 @@ int PackageCommand(const AppPaths &paths, const ProjectModel &model, const Packa
     build.runner = paths.DataPath() / "runner";
     if (!fs::exists(build.runner, error))
         build.runner = fs::read_symlink("/proc/self/exe", error).parent_path() / "Data" / "runner";
+    build.fontFile = [](const std::string &font) { return FindFontFile(font); };
     build.say = [&out](const std::string &line) { out << Cp1252ToUtf8(line) << "\n"; };
     const bool terminal = ::isatty(STDERR_FILENO) == 1 && &err == &std::cerr;
     build.octet = [&err, terminal](int octet) {

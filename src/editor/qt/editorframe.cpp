@@ -3,6 +3,7 @@
 
 #include "check/check.h"
 #include "editor/qt/changecommand.h"
+#include "editor/qt/distributiondialog.h"
 #include "editor/qt/helpviewer.h"
 #include "editor/qt/hub.h"
 #include "editor/qt/problemspanel.h"
@@ -110,7 +111,8 @@ void EditorFrame::MakeMenus() {
     m_runSimulation = Entry(file, tr("Run Simulation..."), "mnurunsim");
     m_runSimulation->setShortcut(QKeySequence(Qt::Key_F5));
     connect(m_runSimulation, &QAction::triggered, this, &EditorFrame::RunSimulation);
-    Later(Entry(file, tr("&Create Distribution Files..."), "mnucreatedistro"));
+    m_distribute = Entry(file, tr("&Create Distribution Files..."), "mnucreatedistro");
+    connect(m_distribute, &QAction::triggered, this, &EditorFrame::CreateDistribution);
     file->addSeparator();
     connect(Entry(file, tr("&Exit Orrery Kit"), "mnuexit"), &QAction::triggered, this,
             &EditorFrame::ExitEditor);
@@ -258,6 +260,13 @@ void EditorFrame::RunSimulation() {
                              "--project", ToQString(m_session.model().settings.myprojectname)});
 }
 
+void EditorFrame::CreateDistribution() {
+    if (!m_session.IsOpen()) return;
+    DistributionDialog builder({&m_session, [this](Outcome outcome) { return Apply(std::move(outcome)); }},
+                               m_runner, this);
+    builder.exec();
+}
+
 bool EditorFrame::gameRunning() const {
     return m_game != nullptr;
 }
@@ -338,6 +347,7 @@ void EditorFrame::ProjectOpened() {
 void EditorFrame::Refresh() {
     setWindowTitle(ToQString(m_session.Title()));
     m_runSimulation->setEnabled(m_session.IsOpen() && !gameRunning());
+    m_distribute->setEnabled(m_session.IsOpen());
     if (!m_session.Status().empty())
         statusBar()->showMessage(ToQString(m_session.Status()));
     else if (gameRunning())

@@ -58,6 +58,8 @@ public:
     // saying so, and is back when the game ends.
     void RunSimulation();
     bool gameRunning() const;
+    // File's Create Distribution Files: the game folder of the open project.
+    void CreateDistribution();
     // The run-time the simulation starts: Data/runner beside the editor's program.
     void setRunnerProgram(const QString &program) { m_runner = program; }
     // The menu's and the hub's Exit: a backup, the plain save, and the frame closes.
@@ -107,6 +109,7 @@ private:
     QString m_runner;
     QProcess *m_game = nullptr;
     QAction *m_runSimulation = nullptr;
+    QAction *m_distribute = nullptr;
 };
 
 } // namespace orrery
