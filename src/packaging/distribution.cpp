@@ -10,6 +10,7 @@
 #include "foundation/text.h"
 #include "foundation/textfile.h"
 #include "network/generator.h"
+#include "packaging/runtimefolder.h"
 #include "project/defaults.h"
 #include "project/elementprops.h"
 #include "project/model.h"
@@ -161,6 +162,9 @@ void Builder::CopyRunTime() {
     }
     fs::permissions(target, fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
                     fs::perm_options::add, error);
+    // What lets it play on a machine with no Qt: its libraries, plugins and run paths.
+    for (const std::string &problem : ShipRunTimeLibraries(target, m_options.qtPlugins, m_options.say).problems)
+        Missing("run-time: " + problem);
     Say("Creating file: pname.dat");
     WriteTextFile(m_root / "Data" / "pname.dat", Utf8ToCp1252(m_folder));
 }

@@ -24,6 +24,9 @@ struct DistributionOptions {
     std::filesystem::path out;
     // The run-time shipped under the project's name; empty for the application's Data/runner.
     std::filesystem::path runner;
+    // Qt's plugin folder, whose display and picture plugins the run-time takes along; empty to
+    // find it beside the Qt libraries the run-time uses.
+    std::filesystem::path qtPlugins;
     // Empties the game folder first. A build otherwise adds and overwrites, never deletes.
     bool clean = false;
     // Writes the PAD listing beside the game folder, from Data/pad-template.xml.

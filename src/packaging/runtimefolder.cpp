@@ -1,0 +1,144 @@
+// The run-time's libraries and plugins in a game folder.
+#include "packaging/runtimefolder.h"
+
+#include "foundation/textfile.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <set>
+#include <sys/wait.h>
+
+namespace orrery {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Libraries by the start of their file names.
+constexpr std::array<std::string_view, 31> kBaseLibraries{
+    "linux-vdso.so", "ld-linux", "libc.so", "libm.so", "libpthread.so", "libdl.so", "librt.so",
+    "libresolv.so", "libutil.so", "libstdc++.so", "libgcc_s.so", "libX11.so", "libX11-xcb.so",
+    "libxcb.so", "libXau.so", "libXdmcp.so", "libXext.so", "libXrender.so", "libGL.so",
+    "libGLX.so", "libGLdispatch.so", "libEGL.so", "libOpenGL.so", "libdrm.so", "libgbm.so",
+    "libfontconfig.so", "libfreetype.so", "libdbus-1.so", "libsystemd.so", "libz.so",
+    "libexpat.so"};
+
+// The plugin folders a game needs: the X display, its GL integration, picture formats and the
+// input methods for composed keys.
+constexpr std::array<std::string_view, 4> kPluginFolders{"platforms", "xcbglintegrations",
+                                                         "imageformats", "platforminputcontexts"};
+
+// Quoted for the shell: the file names of a game folder may hold blanks and quotes.
+std::string Quoted(const fs::path &path) {
+    std::string text = "'";
+    for (char c : path.string()) text += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    return text + "'";
+}
+
+// The standard output of a command, and whether it ended well.
+bool RunCommand(const std::string &command, std::string &output) {
+    FILE *pipe = ::popen(command.c_str(), "r");
+    if (!pipe) return false;
+    char buffer[4096];
+    std::size_t got = 0;
+    while ((got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) output.append(buffer, got);
+    const int status = ::pclose(pipe);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+bool SetRunPath(const fs::path &file, std::string_view runPath) {
+    std::string ignored;
+    return RunCommand("patchelf --set-rpath '" + std::string(runPath) + "' " + Quoted(file) +
+                          " 2>/dev/null",
+                      ignored);
+}
+
+} // namespace
+
+std::vector<SharedLibrary> SharedLibrariesOf(const fs::path &program) {
+    std::string report;
+    if (!RunCommand("ldd " + Quoted(program) + " 2>/dev/null", report)) return {};
+    std::vector<SharedLibrary> libraries;
+    for (std::string_view line : SplitLines(report)) {
+        const std::size_t arrow = line.find(" => ");
+        if (arrow == std::string_view::npos) continue; // the loader and the kernel's own
+        std::string_view name = line.substr(0, arrow);
+        name.remove_prefix(std::min(name.find_first_not_of(" \t"), name.size()));
+        std::string_view where = line.substr(arrow + 4);
+        const std::size_t address = where.rfind(" (");
+        if (address != std::string_view::npos) where = where.substr(0, address);
+        libraries.push_back({std::string(name),
+                             where.starts_with("not found") ? fs::path() : fs::path(where)});
+    }
+    return libraries;
+}
+
+bool IsBaseSystemLibrary(std::string_view name) {
+    return std::any_of(kBaseLibraries.begin(), kBaseLibraries.end(),
+                       [name](std::string_view base) { return name.starts_with(base); });
+}
+
+RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &pluginSource,
+                                   const std::function<void(const std::string &)> &say) {
+    RunTimeFolder folder;
+    const fs::path root = executable.parent_path();
+    const std::vector<SharedLibrary> needed = SharedLibrariesOf(executable);
+    if (needed.empty()) return folder; // not a program that loads libraries
+    fs::path plugins = pluginSource;
+    for (const SharedLibrary &library : needed)
+        if (plugins.empty() && library.name.starts_with("libQt6Core.so") && !library.path.empty())
+            plugins = library.path.parent_path() / "qt6" / "plugins";
+
+    // The program and its plugins, each with what it loads.
+    std::vector<std::pair<fs::path, std::string>> users{{executable, "$ORIGIN/lib"}};
+    std::error_code error;
+    for (std::string_view kind : kPluginFolders) {
+        const fs::path from = plugins / kind;
+        if (!fs::is_directory(from, error)) continue;
+        fs::create_directories(root / "plugins" / kind, error);
+        for (const auto &entry : fs::directory_iterator(from, error)) {
+            if (entry.path().extension() != ".so") continue;
+            const fs::path target = root / "plugins" / kind / entry.path().filename();
+            if (say) say("Copying file (run-time plugin): " + entry.path().filename().string());
+            if (!fs::copy_file(entry.path(), target, fs::copy_options::overwrite_existing, error)) {
+                folder.problems.push_back(target.string() + ": cannot be written");
+                continue;
+            }
+            folder.shipped.push_back("plugins/" + std::string(kind) + "/" + target.filename().string());
+            users.emplace_back(target, "$ORIGIN/../../lib");
+        }
+    }
+    if (!fs::is_directory(root / "plugins" / "platforms", error))
+        folder.problems.push_back("Qt's display plugins were not found in " + plugins.string());
+
+    std::set<std::string> copied;
+    fs::create_directories(root / "lib", error);
+    for (const auto &[user, runPath] : users) {
+        for (const SharedLibrary &library : SharedLibrariesOf(user)) {
+            if (IsBaseSystemLibrary(library.name) || copied.contains(library.name)) continue;
+            if (library.path.empty()) {
+                folder.problems.push_back(library.name + ": the system has no such library");
+                continue;
+            }
+            copied.insert(library.name);
+            const fs::path target = root / "lib" / library.name;
+            if (say) say("Copying file (run-time library): " + library.name);
+            // The file itself, not the link the loader followed, under the name it asks for.
+            if (!fs::copy_file(fs::canonical(library.path, error), target,
+                               fs::copy_options::overwrite_existing, error) ||
+                !SetRunPath(target, "$ORIGIN")) {
+                folder.problems.push_back(target.string() + ": cannot be written with its run path");
+                continue;
+            }
+            folder.shipped.push_back("lib/" + library.name);
+        }
+        if (!SetRunPath(user, runPath))
+            folder.problems.push_back(user.string() + ": its run path cannot be set (is patchelf installed?)");
+    }
+    if (!WriteTextFile(root / "qt.conf", "[Paths]\r\nPrefix = .\r\nPlugins = plugins\r\nLibraries = lib"))
+        folder.problems.push_back((root / "qt.conf").string() + ": cannot be written");
+    return folder;
+}
+
+} // namespace orrery
