@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
 #include <cstdio>
 #include <utility>
 
@@ -79,6 +80,12 @@ private:
     void Say(const std::string &line) {
         if (m_options.say) m_options.say(line);
     }
+    // A file of the folder that this build has written.
+    void Wrote(const fs::path &file) {
+        std::error_code error;
+        m_written.insert(fs::relative(file, m_root, error).generic_string());
+    }
+    void Report();
     void Missing(std::string what) {
         auto &missing = m_result.missing;
         if (std::find(missing.begin(), missing.end(), what) == missing.end())
@@ -103,6 +110,7 @@ private:
     Random &m_random;
     std::string m_folder; // the project's folder name, as the application tree spells it
     fs::path m_root;
+    std::set<std::string> m_written;
 };
 
 void Builder::CopyMedia(std::string_view says, std::string_view folder, std::string_view name,
@@ -112,11 +120,12 @@ void Builder::CopyMedia(std::string_view says, std::string_view folder, std::str
     Say(std::string(says) + file);
     const auto source = FindMediaFile(m_app.ResPath() / folder, file);
     std::error_code error;
-    if (!source || !fs::copy_file(*source, m_root / "Res" / folder / source->filename(),
-                                  fs::copy_options::overwrite_existing, error)) {
+    const fs::path target = source ? m_root / "Res" / folder / source->filename() : fs::path();
+    if (!source || !fs::copy_file(*source, target, fs::copy_options::overwrite_existing, error)) {
         Missing("Res/" + std::string(folder) + "/" + file);
         return;
     }
+    Wrote(target);
     if (sized) m_result.sizeTotal += fs::file_size(*source, error);
 }
 
@@ -147,6 +156,7 @@ bool Builder::CopyProjectFile() {
         m_result.error = target.string() + ": cannot be written";
         return false;
     }
+    Wrote(target);
     return true;
 }
 
@@ -162,11 +172,14 @@ void Builder::CopyRunTime() {
     }
     fs::permissions(target, fs::perms::owner_exec | fs::perms::group_exec | fs::perms::others_exec,
                     fs::perm_options::add, error);
+    Wrote(target);
     // What lets it play on a machine with no Qt: its libraries, plugins and run paths.
-    for (const std::string &problem : ShipRunTimeLibraries(target, m_options.qtPlugins, m_options.say).problems)
-        Missing("run-time: " + problem);
+    const RunTimeFolder runtime = ShipRunTimeLibraries(target, m_options.qtPlugins, m_options.say);
+    for (const std::string &problem : runtime.problems) Missing("run-time: " + problem);
+    for (const std::string &file : runtime.shipped) Wrote(m_root / file);
+    if (!runtime.shipped.empty()) Wrote(m_root / "qt.conf");
     Say("Creating file: pname.dat");
-    WriteTextFile(m_root / "Data" / "pname.dat", Utf8ToCp1252(m_folder));
+    if (WriteTextFile(m_root / "Data" / "pname.dat", Utf8ToCp1252(m_folder))) Wrote(m_root / "Data" / "pname.dat");
 }
 
 bool Builder::GenerateWorld() {
@@ -185,6 +198,9 @@ bool Builder::GenerateWorld() {
     }
     // A world of no random servers still has its directory of names, empty.
     if (!FileExists(world / "dns.dat")) WriteTextFile(world / "dns.dat", "");
+    Wrote(world / "dns.dat");
+    if (generated.serversPerOctet > 0)
+        for (int o = 1; o <= 255; ++o) Wrote(world / ("_" + IntText(o) + "_.dat"));
     return true;
 }
 
@@ -235,6 +251,8 @@ void Builder::CopyFonts() {
         if (!fs::copy_file(*found, m_root / "Fonts" / found->filename(),
                            fs::copy_options::overwrite_existing, error))
             Missing("font " + font);
+        else
+            Wrote(m_root / "Fonts" / found->filename());
     }
 }
 
@@ -247,7 +265,7 @@ void Builder::WriteReadme() {
     if (!IsBlank(s.myprojectemail)) text += "Mail: " + Trim(s.myprojectemail) + "\r\n";
     text += "\r\nStart the game with the program named " + Utf8ToCp1252(m_folder) +
             " in this folder.\r\nQuestions about the game go to its author.";
-    WriteTextFile(m_root / "readme.txt", text);
+    if (WriteTextFile(m_root / "readme.txt", text)) Wrote(m_root / "readme.txt");
 }
 
 void Builder::WritePad() {
@@ -277,6 +295,42 @@ void Builder::WritePad() {
                   ReplacePadVars(ReadTextFile(padTemplate), values));
 }
 
+// What the build wrote, what was left in Res/ and what was in the folder before it.
+void Builder::Report() {
+    std::error_code error;
+    for (const std::string &file : m_written) {
+        const std::uint64_t size = fs::file_size(m_root / file, error);
+        m_result.written.emplace_back(file, error ? 0 : size);
+    }
+    std::set<std::string> shippedMedia;
+    for (const std::string &file : m_written)
+        if (file.starts_with("Res/")) shippedMedia.insert(LowerCase(file));
+    for (std::string_view folder : {"uimages", "mp3", "toolstyle"})
+        for (fs::directory_iterator it(m_app.ResPath() / folder, error), end; !error && it != end;
+             it.increment(error)) {
+            const std::string file = "Res/" + std::string(folder) + "/" + it->path().filename().string();
+            if (it->is_regular_file(error) && !shippedMedia.contains(LowerCase(file)))
+                m_result.unnamed.push_back(file);
+        }
+    std::sort(m_result.unnamed.begin(), m_result.unnamed.end());
+    for (fs::recursive_directory_iterator it(m_root, error), end; !error && it != end; it.increment(error)) {
+        if (!it->is_regular_file(error)) continue;
+        m_result.folderSize += it->file_size(error);
+        const std::string file = fs::relative(it->path(), m_root, error).generic_string();
+        if (!m_written.contains(file)) m_result.notWritten.push_back(file);
+    }
+    std::sort(m_result.notWritten.begin(), m_result.notWritten.end());
+    const auto projectFile = m_app.ProjectFile(Settings().myprojectname);
+    const std::vector<std::string> report =
+        BuildReport(m_result, projectFile ? ReadFileBytes(*projectFile).value_or("") : std::string());
+    std::string text;
+    for (const std::string &line : report) {
+        Say(line);
+        text += line + "\r\n";
+    }
+    if (WriteTextFile(m_root.parent_path() / "build-report.txt", text)) Say("Writing file: build-report.txt");
+}
+
 void Builder::Run() {
     const ProjectSettings &s = Settings();
     const auto projectFolder = m_app.ProjectPath(s.myprojectname);
@@ -304,7 +358,10 @@ void Builder::Run() {
         return;
     }
     // The files the run-time reads whatever the project: its word lists and its tool chrome.
-    for (const std::string &stock : CopyStock(m_app, game)) Missing(stock);
+    const std::vector<std::string> lacking = CopyStock(m_app, game);
+    for (const std::string &stock : lacking) Missing(stock);
+    for (const std::string &stock : StockFiles())
+        if (std::find(lacking.begin(), lacking.end(), stock) == lacking.end()) Wrote(m_root / stock);
     if (!CopyProjectFile()) return;
 
     CopyMedia("Copying file: ", "uimages", s.mymenubackground);
@@ -343,6 +400,7 @@ void Builder::Run() {
     WriteReadme();
     CopyFonts();
     if (m_options.pad) WritePad();
+    Report();
     Say("Done!");
     m_result.done = true;
 }
@@ -354,6 +412,33 @@ DistributionResult BuildDistribution(const ProjectModel &model, const AppPaths &
     DistributionResult result;
     Builder(model, app, options, result).Run();
     return result;
+}
+
+std::vector<std::string> BuildReport(const DistributionResult &result, std::string_view projectText) {
+    const std::vector<std::string_view> lines = SplitLines(projectText);
+    // The first line of the project file that names the file, case aside.
+    const auto lineOf = [&lines](const std::string &missing) {
+        const std::string name = LowerCase(missing.starts_with("font ")
+                                               ? missing.substr(5)
+                                               : LeafName(ReplaceAll(missing, "/", "\\")));
+        for (std::size_t i = 0; i < lines.size(); ++i)
+            if (LowerCase(lines[i]).find(name) != std::string::npos) return IntText(static_cast<std::int64_t>(i + 1));
+        return std::string();
+    };
+    std::vector<std::string> report{"BUILD REPORT", "Written:"};
+    for (const auto &[file, size] : result.written)
+        report.push_back("  " + Utf8ToCp1252(file) + " (" + IntText(static_cast<std::int64_t>(size)) + " bytes)");
+    report.push_back("Named by the project but missing:");
+    for (const std::string &missing : result.missing) {
+        const std::string line = lineOf(missing);
+        report.push_back("  " + missing + (line.empty() ? "" : " (named on line " + line + " of settings.dat)"));
+    }
+    report.push_back("In Res/ but named by nothing, so not shipped:");
+    for (const std::string &file : result.unnamed) report.push_back("  " + Utf8ToCp1252(file));
+    report.push_back("In the folder but not written by this build:");
+    for (const std::string &file : result.notWritten) report.push_back("  " + Utf8ToCp1252(file));
+    report.push_back("Total size: " + IntText(static_cast<std::int64_t>(result.folderSize)) + " bytes");
+    return report;
 }
 
 std::vector<std::string> RequiredFonts(std::string_view projectText) {

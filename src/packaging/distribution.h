@@ -51,7 +51,19 @@ struct DistributionResult {
     // ("Res/uimages/logo.bmp", "font Tahoma").
     std::vector<std::string> missing;
     std::uint64_t sizeTotal = 0; // the listing's size: 2,000,000 and the sound and music shipped
+    // The build report: each file this build wrote in the folder, relative to it, with its
+    // size; the files of Res/ that nothing in the project names, so were not shipped; the
+    // files in the folder that this build did not write; and the folder's size.
+    std::vector<std::pair<std::string, std::uint64_t>> written;
+    std::vector<std::string> unnamed;
+    std::vector<std::string> notWritten;
+    std::uint64_t folderSize = 0;
 };
+
+// The report's lines: the files written with their sizes, those missing with the line of the
+// project file that names each, those of Res/ not shipped, those in the folder not written by
+// the build, and the total size. projectText gives the lines.
+std::vector<std::string> BuildReport(const DistributionResult &result, std::string_view projectText);
 
 DistributionResult BuildDistribution(const ProjectModel &model, const AppPaths &app,
                                      const DistributionOptions &options);

@@ -47,31 +47,42 @@ bool RunCommand(const std::string &command, std::string &output) {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-bool SetRunPath(const fs::path &file, std::string_view runPath) {
+// Sets one run path on every file, in one run of patchelf.
+bool SetRunPath(const std::vector<fs::path> &files, std::string_view runPath) {
+    if (files.empty()) return true;
+    std::string command = "patchelf --set-rpath '" + std::string(runPath) + "'";
+    for (const fs::path &file : files) command += " " + Quoted(file);
     std::string ignored;
-    return RunCommand("patchelf --set-rpath '" + std::string(runPath) + "' " + Quoted(file) +
-                          " 2>/dev/null",
-                      ignored);
+    return RunCommand(command + " 2>/dev/null", ignored);
 }
 
 } // namespace
 
-std::vector<SharedLibrary> SharedLibrariesOf(const fs::path &program) {
+std::vector<SharedLibrary> SharedLibrariesOf(const std::vector<fs::path> &programs) {
+    std::string command = "ldd";
+    for (const fs::path &program : programs) command += " " + Quoted(program);
     std::string report;
-    if (!RunCommand("ldd " + Quoted(program) + " 2>/dev/null", report)) return {};
+    // ldd fails when one of several files is no program; what it says of the others stands.
+    RunCommand(command + " 2>/dev/null", report);
     std::vector<SharedLibrary> libraries;
+    std::set<std::string> named;
     for (std::string_view line : SplitLines(report)) {
         const std::size_t arrow = line.find(" => ");
-        if (arrow == std::string_view::npos) continue; // the loader and the kernel's own
+        if (arrow == std::string_view::npos) continue; // a file's heading, the loader, the kernel's
         std::string_view name = line.substr(0, arrow);
         name.remove_prefix(std::min(name.find_first_not_of(" \t"), name.size()));
         std::string_view where = line.substr(arrow + 4);
         const std::size_t address = where.rfind(" (");
         if (address != std::string_view::npos) where = where.substr(0, address);
+        if (!named.insert(std::string(name)).second) continue;
         libraries.push_back({std::string(name),
                              where.starts_with("not found") ? fs::path() : fs::path(where)});
     }
     return libraries;
+}
+
+std::vector<SharedLibrary> SharedLibrariesOf(const fs::path &program) {
+    return SharedLibrariesOf(std::vector<fs::path>{program});
 }
 
 bool IsBaseSystemLibrary(std::string_view name) {
@@ -90,8 +101,7 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
         if (plugins.empty() && library.name.starts_with("libQt6Core.so") && !library.path.empty())
             plugins = library.path.parent_path() / "qt6" / "plugins";
 
-    // The program and its plugins, each with what it loads.
-    std::vector<std::pair<fs::path, std::string>> users{{executable, "$ORIGIN/lib"}};
+    std::vector<fs::path> pluginFiles;
     std::error_code error;
     for (std::string_view kind : kPluginFolders) {
         const fs::path from = plugins / kind;
@@ -106,36 +116,38 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
                 continue;
             }
             folder.shipped.push_back("plugins/" + std::string(kind) + "/" + target.filename().string());
-            users.emplace_back(target, "$ORIGIN/../../lib");
+            pluginFiles.push_back(target);
         }
     }
     if (!fs::is_directory(root / "plugins" / "platforms", error))
         folder.problems.push_back("Qt's display plugins were not found in " + plugins.string());
 
-    std::set<std::string> copied;
+    // What the program and its plugins load, asked of the loader once.
+    std::vector<fs::path> users{executable};
+    users.insert(users.end(), pluginFiles.begin(), pluginFiles.end());
+    std::vector<fs::path> libraryFiles;
     fs::create_directories(root / "lib", error);
-    for (const auto &[user, runPath] : users) {
-        for (const SharedLibrary &library : SharedLibrariesOf(user)) {
-            if (IsBaseSystemLibrary(library.name) || copied.contains(library.name)) continue;
-            if (library.path.empty()) {
-                folder.problems.push_back(library.name + ": the system has no such library");
-                continue;
-            }
-            copied.insert(library.name);
-            const fs::path target = root / "lib" / library.name;
-            if (say) say("Copying file (run-time library): " + library.name);
-            // The file itself, not the link the loader followed, under the name it asks for.
-            if (!fs::copy_file(fs::canonical(library.path, error), target,
-                               fs::copy_options::overwrite_existing, error) ||
-                !SetRunPath(target, "$ORIGIN")) {
-                folder.problems.push_back(target.string() + ": cannot be written with its run path");
-                continue;
-            }
-            folder.shipped.push_back("lib/" + library.name);
+    for (const SharedLibrary &library : SharedLibrariesOf(users)) {
+        if (IsBaseSystemLibrary(library.name)) continue;
+        if (library.path.empty()) {
+            folder.problems.push_back(library.name + ": the system has no such library");
+            continue;
         }
-        if (!SetRunPath(user, runPath))
-            folder.problems.push_back(user.string() + ": its run path cannot be set (is patchelf installed?)");
+        const fs::path target = root / "lib" / library.name;
+        if (say) say("Copying file (run-time library): " + library.name);
+        // The file itself, not the link the loader followed, under the name it asks for.
+        if (!fs::copy_file(fs::canonical(library.path, error), target,
+                           fs::copy_options::overwrite_existing, error)) {
+            folder.problems.push_back(target.string() + ": cannot be written");
+            continue;
+        }
+        folder.shipped.push_back("lib/" + library.name);
+        libraryFiles.push_back(target);
     }
+    // Each file finds the folder's libraries from where it stands.
+    if (!SetRunPath(libraryFiles, "$ORIGIN") || !SetRunPath(pluginFiles, "$ORIGIN/../../lib") ||
+        !SetRunPath({executable}, "$ORIGIN/lib"))
+        folder.problems.push_back("the run paths cannot be set (is patchelf installed?)");
     if (!WriteTextFile(root / "qt.conf", "[Paths]\r\nPrefix = .\r\nPlugins = plugins\r\nLibraries = lib"))
         folder.problems.push_back((root / "qt.conf").string() + ": cannot be written");
     return folder;

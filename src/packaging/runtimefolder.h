@@ -21,6 +21,8 @@ struct SharedLibrary {
 // The libraries the program needs, directly and through others, from the loader's own report
 // (ldd). Empty for a file that is no dynamic program.
 std::vector<SharedLibrary> SharedLibrariesOf(const std::filesystem::path &program);
+// The same for several files at once, each library once.
+std::vector<SharedLibrary> SharedLibrariesOf(const std::vector<std::filesystem::path> &programs);
 
 // True for a library every desktop system has and a game must take from it: the C library and
 // its loader, the C++ runtime, the X and GL libraries, and those tied to the system's own

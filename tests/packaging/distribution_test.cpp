@@ -88,6 +88,35 @@ TEST_F(Distribution, ShipsWhatTheProjectNamesAndSaysWhatIsMissing) {
     EXPECT_FALSE(fs::exists(root / "Data" / "S" / "_1_.dat"));
 }
 
+TEST_F(Distribution, TheReportSaysWhatWasWrittenMissingLeftOutAndLeftOver) {
+    Media("uimages", "unused.bmp");
+    const fs::path root = *app.ProjectPath("Test") / "Distro";
+    fs::create_directories(root / "Res" / "uimages");
+    WriteTextFile(root / "Res" / "uimages" / "old.bmp", "from an earlier build");
+    const DistributionResult built = Build();
+    ASSERT_TRUE(built.done);
+    const auto written = std::find_if(built.written.begin(), built.written.end(),
+                                      [](const auto &file) { return file.first == "Data/pname.dat"; });
+    ASSERT_NE(written, built.written.end());
+    EXPECT_EQ(written->second, 6u) << "test and its line end";
+    EXPECT_EQ(built.unnamed, std::vector<std::string>{"Res/uimages/unused.bmp"});
+    EXPECT_EQ(built.notWritten, std::vector<std::string>{"Res/uimages/old.bmp"});
+    const std::string report = ReadTextFile(root.parent_path() / "build-report.txt");
+    const std::string file = ReadTextFile(*app.ProjectFile("Test"));
+    const auto lines = SplitLines(file);
+    const auto named = std::find_if(lines.begin(), lines.end(), [](std::string_view line) {
+        return line.starts_with("mygamemp3tracks:");
+    });
+    EXPECT_NE(report.find("  Res/mp3/gone.mp3 (named on line " +
+                          std::to_string(named - lines.begin() + 1) + " of settings.dat)"),
+              std::string::npos)
+        << report;
+    EXPECT_NE(report.find("Total size: " + std::to_string(built.folderSize) + " bytes"),
+              std::string::npos);
+    EXPECT_TRUE(Logged("Total size: " + std::to_string(built.folderSize) + " bytes"));
+    EXPECT_EQ(log.back(), "Done!");
+}
+
 TEST_F(Distribution, TheWorldHasItsServersPerOctet) {
     model.settings.myserversrandom = "5000";
     int octets = 0;
