@@ -92,9 +92,9 @@ BENCHMARK(BM_GenerateAndCopy)->Arg(5000)->Unit(benchmark::kMillisecond)->Iterati
 BENCHMARK(BM_Package)->Arg(10000)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_GenerateAndCopy)->Arg(10000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-// The package also asks the system's loader what the run-time and its plugins load (ldd, about
-// half of its time) and rewrites the libraries' run paths: within three times the floor is
-// the aim, not yet met.
+// The package also writes every library of the run-time a second time with its run path
+// (patchelf) and has the loader check the result (ldd): within three times the floor is the
+// aim, not yet met.
 void Report(const TimeKeepingReporter &times) {
     PrintRatio(times, "package of the demo / generation + raw copy", "BM_Package/5000",
                "BM_GenerateAndCopy/5000", 3);

@@ -2,6 +2,7 @@
 #include "packaging/runtimefolder.h"
 
 #include "foundation/textfile.h"
+#include "packaging/elf.h"
 
 #include <algorithm>
 #include <array>
@@ -94,10 +95,11 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
                                    const std::function<void(const std::string &)> &say) {
     RunTimeFolder folder;
     const fs::path root = executable.parent_path();
-    const std::vector<SharedLibrary> needed = SharedLibrariesOf(executable);
+    const auto isBase = [](const std::string &name) { return IsBaseSystemLibrary(name); };
+    const std::vector<NeededLibrary> needed = NeededLibraries({executable}, isBase);
     if (needed.empty()) return folder; // not a program that loads libraries
     fs::path plugins = pluginSource;
-    for (const SharedLibrary &library : needed)
+    for (const NeededLibrary &library : needed)
         if (plugins.empty() && library.name.starts_with("libQt6Core.so") && !library.path.empty())
             plugins = library.path.parent_path() / "qt6" / "plugins";
 
@@ -122,12 +124,12 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
     if (!fs::is_directory(root / "plugins" / "platforms", error))
         folder.problems.push_back("Qt's display plugins were not found in " + plugins.string());
 
-    // What the program and its plugins load, asked of the loader once.
+    // What the program and its plugins load, read from their headers.
     std::vector<fs::path> users{executable};
     users.insert(users.end(), pluginFiles.begin(), pluginFiles.end());
     std::vector<fs::path> libraryFiles;
     fs::create_directories(root / "lib", error);
-    for (const SharedLibrary &library : SharedLibrariesOf(users)) {
+    for (const NeededLibrary &library : NeededLibraries(users, isBase)) {
         if (IsBaseSystemLibrary(library.name)) continue;
         if (library.path.empty()) {
             folder.problems.push_back(library.name + ": the system has no such library");
@@ -150,6 +152,10 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
         folder.problems.push_back("the run paths cannot be set (is patchelf installed?)");
     if (!WriteTextFile(root / "qt.conf", "[Paths]\r\nPrefix = .\r\nPlugins = plugins\r\nLibraries = lib"))
         folder.problems.push_back((root / "qt.conf").string() + ": cannot be written");
+    // The loader's own word on the result: every library found.
+    for (const SharedLibrary &library : SharedLibrariesOf(executable))
+        if (library.path.empty())
+            folder.problems.push_back(library.name + ": the run-time does not find it");
     return folder;
 }
 
