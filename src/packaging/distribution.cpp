@@ -1,6 +1,8 @@
 // The distribution builder.
 #include "packaging/distribution.h"
 
+#include "actions/catalogue.h"
+#include "actions/sequence.h"
 #include "actions/statement.h"
 #include "foundation/codepage.h"
 #include "foundation/convert.h"
@@ -33,36 +35,39 @@ constexpr std::uint64_t kBaseSize = 2000000;
 constexpr std::array<std::string_view, 6> kStandardFonts{
     "verdana", "times new roman", "arial", "courier new", "georgia", "fixedsys"};
 
-// The statements that name a media file, the argument that names it, and the log's words.
-struct MediaStatement {
-    std::string_view word;
-    int argument;
-    std::string_view says;
-};
-constexpr std::array<MediaStatement, 3> kMediaStatements{{
-    {"play_", 1, "Copying file (sound/music): "},
-    {"set_background_image", 1, "Copying file (background): "},
-    {"qlob_counter", 5, "Copying file (sound/music): "},
-}};
-
 std::string TwoDigits(unsigned value) {
     char text[8];
     std::snprintf(text, sizeof text, "%02u", value % 100);
     return text;
 }
 
-// The game folder may be emptied only when it is one: a folder that holds the application, or
-// one that is not empty and has no game in it, is refused.
-std::string CannotClean(const fs::path &root, const AppPaths &app) {
+// The game folder may be emptied only when a build made it: it holds the project scrambled, as
+// only a build writes it, and no project in clear, as every application folder holds. A folder
+// that holds the application, or one that is not empty and holds no game, is refused.
+std::string CannotClean(const fs::path &root, const AppPaths &app, const std::string &folder) {
     std::error_code error;
     const fs::path target = fs::weakly_canonical(root, error);
     const fs::path appRoot = fs::weakly_canonical(app.Root(), error);
     const auto [end, rest] = std::mismatch(target.begin(), target.end(), appRoot.begin(), appRoot.end());
     if (end == target.end() || !target.has_relative_path())
         return target.string() + ": will not empty a folder that holds the application";
-    if (fs::is_directory(target, error) && !fs::is_empty(target, error) &&
-        !fs::exists(target / "Data" / "pname.dat", error))
-        return target.string() + ": will not empty a folder that holds no game";
+    if (!fs::is_directory(target, error) || fs::is_empty(target, error)) return {};
+    const auto projects = [&target]() {
+        std::vector<std::string> firstLines;
+        std::error_code ignored;
+        for (fs::directory_iterator it(target / "Data", ignored), last; !ignored && it != last;
+             it.increment(ignored)) {
+            const std::string text = ReadFileBytes(it->path() / "settings.dat").value_or("");
+            if (!text.empty()) firstLines.push_back(text.substr(0, text.find_first_of("\r\n")));
+        }
+        return firstLines;
+    }();
+    const bool scrambled = ReadFileBytes(target / "Data" / folder / "settings.dat")
+                               .value_or("")
+                               .starts_with("[revise]");
+    if (!scrambled || std::any_of(projects.begin(), projects.end(),
+                                  [](const std::string &line) { return line != "[revise]"; }))
+        return target.string() + ": will not empty a folder that holds no game built from this project";
     return {};
 }
 
@@ -204,33 +209,48 @@ bool Builder::GenerateWorld() {
     return true;
 }
 
-// Sounds, music and backgrounds named by statements: of the elements' actions, and of the
-// qlobs, the tools' events and the start-up sequence, which play them as well.
+// The media named by statements: the arguments of the file, audio and image kinds of every
+// statement the run-time walks in the elements' actions, the qlobs, the tools' events and the
+// start-up sequence. Sounds and music count towards the listing's size.
 void Builder::CopyMediaOfStatements() {
     std::vector<std::string_view> sequences;
     for (const ElementRow &row : m_model.ElementTable)
         if (!IsBlank(row[kNameColumn])) sequences.push_back(row[kActionColumn]);
-    for (const std::string &qlob : m_model.QlobTable) sequences.push_back(qlob);
+    for (const std::string &qlob : m_model.QlobTable) {
+        // A qlob's record begins with its name.
+        const std::string_view record = TrimView(qlob);
+        const std::size_t blank = record.find(' ');
+        if (blank != std::string_view::npos) sequences.push_back(record.substr(blank));
+    }
     for (const auto &sub : m_model.ToolSubTable) sequences.push_back(sub.sequence);
     sequences.push_back(Settings().mymainsubload);
     for (std::string_view sequence : sequences) {
         if (IsBlank(sequence)) continue;
-        for (std::size_t start = 0; start <= sequence.size();) {
-            std::size_t end = sequence.find('`', start);
-            if (end == std::string_view::npos) end = sequence.size();
-            const std::string statement(sequence.substr(start, end - start));
-            start = end + 1;
-            const std::string lower = LowerCase(statement);
-            for (const MediaStatement &media : kMediaStatements) {
-                const std::size_t at = lower.find(media.word);
-                if (at == std::string::npos) continue;
-                const std::size_t blank = statement.find(' ', at);
-                if (blank == std::string::npos) break;
+        const std::string prepared = PrepareSequence(sequence);
+        for (std::string_view field : SequenceFields(prepared)) {
+            std::string line = Trim(field);
+            if (IsSkippedLine(line) || line.starts_with('~') || GotoTag(line) || OpensLoop(line) ||
+                ClosesLoop(line))
+                continue;
+            std::string condition;
+            CutCondition(line, condition);
+            const StatementParts parts = SplitStatement(line);
+            const CatalogueEntry *entry = FindCatalogueEntry(parts.name);
+            if (!entry) continue;
+            for (std::size_t i = 0; i < entry->ParamCount(); ++i) {
+                const ParamKind kind = ParamKindOf(entry->labels[i]);
+                if (kind != ParamKind::File && kind != ParamKind::Audio && kind != ParamKind::Image)
+                    continue;
                 // An argument holding a variable names its file only when the game runs.
-                const std::string file = NormText(BracketArg(statement.substr(blank + 1), media.argument));
-                if (file.find('$') == std::string::npos)
-                    CopyMedia(media.says, "uimages", file, media.says.find("sound") != std::string_view::npos);
-                break;
+                const std::string file = NormText(BracketArg(parts.rest, static_cast<int>(i) + 1));
+                if (file.find('$') != std::string::npos || file.find("(?)") != std::string::npos)
+                    continue;
+                if (kind == ParamKind::Audio)
+                    CopyMedia("Copying file (sound/music): ", "uimages", file, true);
+                else if (entry->name == "SET_BACKGROUND_IMAGE")
+                    CopyMedia("Copying file (background): ", "uimages", file);
+                else
+                    CopyMedia("Copying file: ", "uimages", file);
             }
         }
     }
@@ -339,14 +359,24 @@ void Builder::Run() {
         return;
     }
     m_folder = projectFolder->filename().string();
-    m_root = m_options.out.empty() ? *projectFolder / "Distro" : m_options.out;
+    // Absolute and without a closing separator, so that what stands beside it is beside it.
+    m_root = (fs::absolute(m_options.out.empty() ? *projectFolder / "Distro" : m_options.out))
+                 .lexically_normal();
+    if (!m_root.has_filename()) m_root = m_root.parent_path();
+    // The run-time stands beside the game's own folders under the project's folder name.
+    for (const char *taken : {"data", "res", "fonts", "saved", "lib", "plugins"})
+        if (LowerCase(m_folder) == taken) {
+            m_result.error = "a project named \"" + s.myprojectname +
+                             "\" would put its run-time in place of a folder of the game: rename it";
+            return;
+        }
     m_result.root = m_root;
     m_result.sizeTotal = kBaseSize;
 
     Say("Starting...");
     std::error_code error;
     if (m_options.clean && fs::exists(m_root, error)) {
-        if (const std::string refusal = CannotClean(m_root, m_app); !refusal.empty()) {
+        if (const std::string refusal = CannotClean(m_root, m_app, m_folder); !refusal.empty()) {
             m_result.error = refusal;
             return;
         }

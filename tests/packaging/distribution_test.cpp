@@ -39,6 +39,11 @@ struct Distribution : ::testing::Test {
         model.settings.mymenump3track = "theme.mp3";
         model.settings.mygamemp3tracks = "theme.mp3`gone.mp3";
         model.QlobTable[1] = "BANG PLAY_SOUND [boom.wav]`PLAY_SOUND [$sound]`PLAY_MUSIC [nope.mid]";
+        // Neither a qlob's name nor a variable's names a file; a picture returned into an
+        // element does.
+        model.QlobTable[2] = "PLAY_INTRO MESSAGE [hi] [there]`$play_count = RETURN_COMPLEX [5]`"
+                             "labelx = RETURN_IMAGE [pic.bmp]";
+        Media("uimages", "pic.bmp");
         model.settings.myserversrandom = "100";
     }
     void Media(const char *folder, const char *name, std::size_t size = 10) {
@@ -65,6 +70,7 @@ TEST_F(Distribution, ShipsWhatTheProjectNamesAndSaysWhatIsMissing) {
     EXPECT_EQ(log[1], "Copying (and encrypting) file: settings.dat");
     EXPECT_EQ(log.back(), "Done!");
     for (const char *line : {"Copying file: logo.bmp", "Copying file (sound/music): boom.wav",
+                             "Copying file: pic.bmp",
                              "Copying file (sound/music): nope.mid", "Copying file: gone.mp3"})
         EXPECT_TRUE(Logged(line)) << line;
     EXPECT_TRUE(fs::exists(root / "Res" / "uimages" / "Logo.BMP"));
@@ -138,6 +144,13 @@ TEST_F(Distribution, AFolderIsEmptiedOnlyWhenItIsAGameFolder) {
     WriteTextFile(options.out / "keep.txt", "mine");
     EXPECT_NE(Build(options).error.find("holds no game"), std::string::npos);
     EXPECT_TRUE(fs::exists(options.out / "keep.txt"));
+    // Another application folder names a game too, and holds its projects in clear.
+    options.out = dir.path() / "second install";
+    ASSERT_TRUE(AppPaths(options.out).MakeProjectFolders("Test"));
+    WriteTextFile(options.out / "Data" / "pname.dat", "test");
+    WriteTextFile(options.out / "Data" / "test" / "settings.dat", "myprojectname:Test");
+    EXPECT_NE(Build(options).error.find("holds no game"), std::string::npos);
+    EXPECT_TRUE(fs::exists(options.out / "Data" / "test" / "settings.dat"));
 
     options.out = dir.path() / "game";
     ASSERT_TRUE(Build(options).done);
