@@ -268,13 +268,16 @@ std::optional<LoadedLine> GetFunctionIndex(std::string_view text) {
     return loaded;
 }
 
+constexpr double kLongestConditionLoop = 500;
+
 BuiltConditions BuildConditions(const ConditionForm &form) {
     const std::string left = Trim(form.left), op = Trim(form.op), right = Trim(form.right);
     if (left.empty() || op.empty() || right.empty()) return {{}, words::kFieldsIncomplete};
     BuiltConditions built{{left + " " + op + " " + right}, {}};
     if (!form.loop) return built;
-    const double to = std::floor(Val(form.loopTo));
-    for (double n = std::floor(Val(right)) + 1; n <= to; ++n)
+    const double from = std::floor(Val(right)) + 1, to = std::floor(Val(form.loopTo));
+    if (to - from >= kLongestConditionLoop) return {{}, words::kLoopTooLong};
+    for (double n = from; n <= to; ++n)
         built.conditions.push_back(left + " " + op + " " + IntText(static_cast<std::int32_t>(n)));
     return built;
 }

@@ -220,15 +220,23 @@ Outcome FillListing(ProjectModel &model) {
 }
 
 Outcome SetSetting(ProjectModel &model, std::string_view key, std::string_view value) {
-    Transaction t(model, "Change Setting");
-    const SettingKey *setting = FindSettingKey(NormText(key));
-    if (!setting || setting->code == ValueCode::ProjectName ||
-        setting->code == ValueCode::WrittenOnly)
-        return t.Refuse({"Error", "There is no setting \"" + std::string(key) + "\"."});
-    if (auto problem = UnwritableValue(value)) return t.Refuse(*problem);
+    return SetSettings(model, {{std::string(key), std::string(value)}});
+}
+
+Outcome SetSettings(ProjectModel &model,
+                    const std::vector<std::pair<std::string, std::string>> &values) {
+    Transaction t(model, values.size() == 1 ? "Change Setting" : "Change Settings");
     ProjectSettings changed = model.settings;
-    ReadSetting(changed, *setting, std::string(setting->name) + ":" + std::string(value));
-    t.Set([](ProjectModel &m) -> ProjectSettings & { return m.settings; }, std::move(changed));
+    for (const auto &[key, value] : values) {
+        const SettingKey *setting = FindSettingKey(NormText(key));
+        if (!setting || setting->code == ValueCode::ProjectName ||
+            setting->code == ValueCode::WrittenOnly)
+            return t.Refuse({"Error", "There is no setting \"" + key + "\"."});
+        if (auto problem = UnwritableValue(value)) return t.Refuse(*problem);
+        ReadSetting(changed, *setting, std::string(setting->name) + ":" + value);
+    }
+    if (changed != model.settings)
+        t.Set([](ProjectModel &m) -> ProjectSettings & { return m.settings; }, std::move(changed));
     return t.Commit();
 }
 

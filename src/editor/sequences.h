@@ -7,6 +7,8 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace orrery {
 
@@ -54,5 +56,8 @@ Outcome RemoveHelp(ProjectModel &model, std::string_view title);
 Outcome FillListing(ProjectModel &model);
 // A scalar setting by its key, with the value as the project file would give it.
 Outcome SetSetting(ProjectModel &model, std::string_view key, std::string_view value);
+// Several settings in one step.
+Outcome SetSettings(ProjectModel &model,
+                    const std::vector<std::pair<std::string, std::string>> &values);
 
 } // namespace orrery

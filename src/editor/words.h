@@ -44,6 +44,8 @@ inline const Message kGotoNeedsTag{
     "Note", "You must enter a tag name in the text box. You will be able to move the position of "
             "the tag once the GOTO statement has been added."};
 inline const Message kFieldsIncomplete{"Error", "All fields must be complete."};
+// Our own: a loop of conditions is one condition a number, and a list of thousands helps no one.
+inline const Message kLoopTooLong{"Error", "Loop to makes one condition a number: at most 500."};
 inline constexpr Question kPasteCommands{"Paste",
                                          "Are you sure you want to paste the clipboard as commands"};
 inline constexpr std::string_view kNewVariablePrompt = "Enter new variable name";

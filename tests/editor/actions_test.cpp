@@ -131,6 +131,9 @@ TEST(Conditions, OneOrOnePerNumberOfTheLoop) {
         EXPECT_TRUE(built.conditions.empty());
         EXPECT_EQ(built.refusal, words::kFieldsIncomplete);
     }
+    EXPECT_EQ(BuildConditions({"$a", "=", "1", true, "501"}).conditions.size(), 501u);
+    EXPECT_EQ(BuildConditions({"$a", "=", "1", true, "1000000000"}).refusal, words::kLoopTooLong)
+        << "a loop of a billion conditions is refused, not built";
 }
 
 TEST(ActionLists, VariablesAreOfferedWithAnUnderscoreAndArraysByTheirFirstItem) {

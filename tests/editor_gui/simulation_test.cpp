@@ -7,6 +7,7 @@
 #include "foundation/textfile.h"
 #include "gui/guitest.h"
 
+#include <QAction>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QProgressBar>
@@ -61,9 +62,9 @@ TEST_F(Simulation, WithOneRandomServerNothingIsGenerated) {
 }
 
 TEST_F(Simulation, TheEditorWaitsForTheGameAndIsBackWhenItEnds) {
-    ASSERT_TRUE(session.Apply(SetRandomServers(session.model(), "1")));
     EditorFrame frame(session);
     frame.show();
+    ASSERT_TRUE(frame.Apply(SetRandomServers(session.model(), "1")));
     const struct {
         int status;
         const char *message;
@@ -80,6 +81,8 @@ TEST_F(Simulation, TheEditorWaitsForTheGameAndIsBackWhenItEnds) {
         if (!game.missing) {
             ASSERT_TRUE(frame.gameRunning());
             EXPECT_FALSE(frame.centralWidget()->isEnabled());
+            EXPECT_FALSE(frame.findChild<QAction *>("mnuundo")->isEnabled())
+                << "nothing changes the project while a game plays it";
             EXPECT_EQ(frame.statusBar()->currentMessage(),
                       "A game is running: the editor is back when it ends.");
             frame.RunSimulation(); // a second game does not start beside the first

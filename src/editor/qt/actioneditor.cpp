@@ -453,7 +453,8 @@ void ActionEditor::UpdateVerdict() {
     if (!m_entry) return m_verdict->clear();
     const std::vector<std::string> sequence = lines();
     const std::vector<Finding> findings =
-        CheckStatement(model(), ComposedStatement(Compose()), sequence);
+        // As it will be stored: a target picked from the list as "_$x" is saved as "$x".
+        CheckStatement(model(), ReplaceAll(ComposedStatement(Compose()), "_$", "$"), sequence);
     QColor colour = kGood;
     QStringList messages;
     for (const Finding &finding : findings) {

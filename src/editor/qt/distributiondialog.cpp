@@ -35,8 +35,9 @@ namespace {
 // The listing's texts: the box and the key each writes back to.
 const QColor kMissing(196, 40, 40);
 
+// The model holds a listing's line breaks as the file's "//" gives them back: CRLF.
 QString ListingText(const std::string &value) {
-    return ToQString(value).replace("\r\n", "\n");
+    return ToQString(value).replace("\r\n", "\n").replace("//", "\n");
 }
 
 std::string ListingValue(const QString &text) {
@@ -188,15 +189,13 @@ std::map<std::string, std::filesystem::path> DistributionDialog::AskForFonts() {
 void DistributionDialog::Start() {
     if (building() || !m_context.session->IsOpen()) return;
     // The listing's texts as typed, each changed one a step.
-    const std::pair<const char *, std::string> listing[] = {
-        {"myprojectkeywords", ListingValue(m_keywords->text())},
-        {"myprojectdescriptionshort", ListingValue(m_short->text())},
-        {"myprojectdescriptionmedium", ListingValue(m_medium->toPlainText())},
-        {"myprojectdescriptionlong", ListingValue(m_long->toPlainText())},
-    };
     EditorSession &session = *m_context.session;
-    for (const auto &[key, value] : listing)
-        if (!m_context.apply(SetSetting(session.model(), key, value))) return;
+    if (!m_context.apply(SetSettings(
+            session.model(), {{"myprojectkeywords", ListingValue(m_keywords->text())},
+                              {"myprojectdescriptionshort", ListingValue(m_short->text())},
+                              {"myprojectdescriptionmedium", ListingValue(m_medium->toPlainText())},
+                              {"myprojectdescriptionlong", ListingValue(m_long->toPlainText())}})))
+        return;
 
     std::map<std::string, std::filesystem::path> fonts = AskForFonts();
     m_log->clear();

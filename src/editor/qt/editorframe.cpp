@@ -119,9 +119,11 @@ void EditorFrame::MakeMenus() {
 
     QMenu *edit = Menu(menuBar(), tr("&Edit"), "mnuedit");
     QAction *undo = m_undo->createUndoAction(this, tr("Undo"));
+    m_undoAction = undo;
     undo->setObjectName("mnuundo");
     undo->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
     QAction *redo = m_undo->createRedoAction(this, tr("Redo"));
+    m_redoAction = redo;
     redo->setObjectName("mnuredo");
     redo->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
     edit->addAction(undo);
@@ -346,8 +348,13 @@ void EditorFrame::ProjectOpened() {
 
 void EditorFrame::Refresh() {
     setWindowTitle(ToQString(m_session.Title()));
-    m_runSimulation->setEnabled(m_session.IsOpen() && !gameRunning());
-    m_distribute->setEnabled(m_session.IsOpen());
+    // While a game plays the project, nothing changes it.
+    const bool free = m_session.IsOpen() && !gameRunning();
+    m_runSimulation->setEnabled(free);
+    m_distribute->setEnabled(free);
+    m_undoAction->setEnabled(!gameRunning() && m_undo->canUndo());
+    m_redoAction->setEnabled(!gameRunning() && m_undo->canRedo());
+    m_problems->setEnabled(!gameRunning());
     if (!m_session.Status().empty())
         statusBar()->showMessage(ToQString(m_session.Status()));
     else if (gameRunning())

@@ -110,6 +110,8 @@ private:
     QProcess *m_game = nullptr;
     QAction *m_runSimulation = nullptr;
     QAction *m_distribute = nullptr;
+    QAction *m_undoAction = nullptr;
+    QAction *m_redoAction = nullptr;
 };
 
 } // namespace orrery

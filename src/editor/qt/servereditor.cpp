@@ -271,11 +271,11 @@ void ServerEditor::ReloadBoxes() {
     while (m_boxes->rowCount() > 0) m_boxes->removeRow(0);
     m_boxEdits.clear();
     m_boxFields = names;
-    auto *selecting = new SelectOnFocus(m_boxes);
+    if (!m_selecting) m_selecting = new SelectOnFocus(this);
     for (std::size_t i = 0; i < names.size(); ++i) {
         auto *edit = new QLineEdit;
         edit->setObjectName(QStringLiteral("t%1").arg(i + 1));
-        edit->installEventFilter(selecting);
+        edit->installEventFilter(m_selecting);
         auto *caption = new QLabel(ToQString(names[i]));
         caption->setObjectName(QStringLiteral("tl%1").arg(i + 1));
         m_boxes->addRow(caption, edit);

@@ -68,6 +68,7 @@ private:
     QFormLayout *m_boxes;
     std::vector<QLineEdit *> m_boxEdits;
     std::vector<std::string> m_boxFields;
+    QObject *m_selecting = nullptr; // selects a box's text as it gets the focus
 };
 
 } // namespace orrery
