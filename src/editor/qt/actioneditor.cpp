@@ -577,11 +577,10 @@ void ActionEditor::ChooseFile(Param &param) {
     const QString file = QFileDialog::getOpenFileName(this, param.label->text(), QString(), filter);
     if (file.isEmpty()) return;
     const AppPaths &paths = m_context.session->paths();
-    const std::filesystem::path source(QFile::encodeName(file).toStdString());
-    PictureImport import = ImportPicture(paths, source);
-    if (import.ask) import = ImportPicture(paths, source, SameNamePicture::KeepBoth);
-    if (import.refusal) return ShowMessage(this, *import.refusal);
-    param.text->setText(ToQString(import.name));
+    const std::optional<PictureImport> import = ImportChosenPicture(this, paths, file);
+    if (!import) return;
+    if (import->refusal) return ShowMessage(this, *import->refusal);
+    param.text->setText(ToQString(import->name));
 }
 
 void ActionEditor::GetElement(Param &param) {

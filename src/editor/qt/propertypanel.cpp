@@ -4,6 +4,7 @@
 #include "editor/pictures.h"
 #include "editor/qt/actioneditor.h"
 #include "editor/qt/propertyeditors.h"
+#include "editor/qt/shellparts.h"
 #include "editor/qt/sequenceedit.h"
 #include "editor/session.h"
 #include "editor/tools.h"
@@ -722,21 +723,9 @@ bool PropertyPanel::SetPicture(const QString &file) {
     });
     if (editor == m_editors.end() || !m_context.session) return false;
     const AppPaths &paths = m_context.session->paths();
-    const fs::path source(QFile::encodeName(file).toStdString());
-    PictureImport import = ImportPicture(paths, source);
-    if (import.ask) {
-        QMessageBox box(QMessageBox::Question, ToQString(words::kReplacePicture.title),
-                        ToQString(words::kReplacePicture.text), QMessageBox::Cancel, this);
-        box.setInformativeText(QFileInfo(file).fileName());
-        QPushButton *replace = box.addButton(tr("Replace"), QMessageBox::DestructiveRole);
-        QPushButton *both = box.addButton(tr("Keep Both"), QMessageBox::AcceptRole);
-        box.setDefaultButton(both);
-        box.exec();
-        if (box.clickedButton() != replace && box.clickedButton() != both) return false;
-        import = ImportPicture(paths, source,
-                               box.clickedButton() == replace ? SameNamePicture::Replace
-                                                              : SameNamePicture::KeepBoth);
-    }
+    const std::optional<PictureImport> chosen = ImportChosenPicture(this, paths, file);
+    if (!chosen) return false;
+    const PictureImport &import = *chosen;
     if (import.refusal) {
         m_context.apply(Outcome{Change(), import.refusal, {}});
         return false;
