@@ -167,7 +167,7 @@ bool Builder::CopyProjectFile() {
 
 // The run-time under the project's name, beside Data; it plays the game pname.dat names.
 void Builder::CopyRunTime() {
-    const fs::path runner = m_options.runner.empty() ? m_app.DataPath() / "runner" : m_options.runner;
+    const fs::path runner = m_options.runner.empty() ? RunTimeProgram(m_app) : m_options.runner;
     const fs::path target = m_root / m_folder;
     Say("Copying file: " + Utf8ToCp1252(target.filename().string()));
     std::error_code error;
@@ -436,6 +436,13 @@ void Builder::Run() {
 }
 
 } // namespace
+
+fs::path RunTimeProgram(const AppPaths &tree) {
+    std::error_code error;
+    const fs::path own = tree.DataPath() / "runner";
+    if (fs::exists(own, error)) return own;
+    return fs::read_symlink("/proc/self/exe", error).parent_path() / "Data" / "runner";
+}
 
 DistributionResult BuildDistribution(const ProjectModel &model, const AppPaths &app,
                                      const DistributionOptions &options) {

@@ -22,7 +22,7 @@ struct ProjectModel;
 struct DistributionOptions {
     // The game folder; empty for Data/<project folder>/Distro.
     std::filesystem::path out;
-    // The run-time shipped under the project's name; empty for the application's Data/runner.
+    // The run-time shipped under the project's name; empty for RunTimeProgram's.
     std::filesystem::path runner;
     // Qt's plugin folder, whose display and picture plugins the run-time takes along; empty to
     // find it beside the Qt libraries the run-time uses.
@@ -64,6 +64,10 @@ struct DistributionResult {
 // project file that names each, those of Res/ not shipped, those in the folder not written by
 // the build, and the total size. projectText gives the lines.
 std::vector<std::string> BuildReport(const DistributionResult &result, std::string_view projectText);
+
+// The run-time a tree plays and ships: its own Data/runner, or else the one beside the running
+// program (the editor and orrery stand at the root of the tree they came with).
+std::filesystem::path RunTimeProgram(const AppPaths &tree);
 
 DistributionResult BuildDistribution(const ProjectModel &model, const AppPaths &app,
                                      const DistributionOptions &options);

@@ -6,13 +6,10 @@
 #include "packaging/distribution.h"
 #include "platform/fonts.h"
 
-#include <filesystem>
 #include <iostream>
 #include <unistd.h>
 
 namespace orrery {
-
-namespace fs = std::filesystem;
 
 int PackageCommand(const AppPaths &paths, const ProjectModel &model, const PackageOptions &options,
                    std::ostream &out, std::ostream &err) {
@@ -20,11 +17,6 @@ int PackageCommand(const AppPaths &paths, const ProjectModel &model, const Packa
     build.out = options.out;
     build.pad = options.pad;
     build.clean = options.clean;
-    // The run-time of the tree, or else the one beside this tool.
-    std::error_code error;
-    build.runner = paths.DataPath() / "runner";
-    if (!fs::exists(build.runner, error))
-        build.runner = fs::read_symlink("/proc/self/exe", error).parent_path() / "Data" / "runner";
     build.fontFile = [](const std::string &font) { return FindFontFile(font); };
     build.say = [&out](const std::string &line) { out << Cp1252ToUtf8(line) << "\n"; };
     const bool terminal = ::isatty(STDERR_FILENO) == 1 && &err == &std::cerr;

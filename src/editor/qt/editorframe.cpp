@@ -14,11 +14,11 @@
 #include "editor/qt/wizard.h"
 #include "editor/session.h"
 #include "foundation/textfile.h"
+#include "packaging/distribution.h"
 #include "widgets/look.h"
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QDockWidget>
 #include <QProcess>
 #include <QMdiArea>
@@ -34,12 +34,6 @@ namespace {
 
 constexpr int kSaveInterval = 45000; // ms
 constexpr const char *kPlacedAt = "placedAt"; // where the frame last put a form
-
-// An entry whose window comes with a later version: there, but disabled, and saying so.
-void Later(QAction *action) {
-    action->setEnabled(false);
-    action->setToolTip(QObject::tr("This comes in a later version."));
-}
 
 QMenu *Menu(QMenuBar *bar, const QString &caption, const char *name) {
     QMenu *menu = bar->addMenu(caption);
@@ -66,7 +60,7 @@ EditorFrame::EditorFrame(EditorSession &session, QWidget *parent)
     setObjectName("frmMain");
     m_area->setObjectName("Picture1");
     setCentralWidget(m_area);
-    m_runner = QCoreApplication::applicationDirPath() + "/Data/runner";
+    m_runner = QString::fromStdString(RunTimeProgram(m_session.paths()).string());
     m_area->installEventFilter(this);
     statusBar()->setObjectName("stat");
     m_problemsDock->setObjectName("dockProblems");
