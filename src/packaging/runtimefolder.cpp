@@ -1,6 +1,7 @@
 // The run-time's libraries and plugins in a game folder.
 #include "packaging/runtimefolder.h"
 
+#include "foundation/codepage.h"
 #include "foundation/textfile.h"
 #include "packaging/elf.h"
 
@@ -94,6 +95,8 @@ bool IsBaseSystemLibrary(std::string_view name) {
 RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &pluginSource,
                                    const std::function<void(const std::string &)> &say) {
     RunTimeFolder folder;
+    // Problems are told in the system's own text, as the rest of the build's log.
+    const auto problem = [&folder](const std::string &utf8) { folder.problems.push_back(Utf8ToCp1252(utf8)); };
     const fs::path root = executable.parent_path();
     const auto isBase = [](const std::string &name) { return IsBaseSystemLibrary(name); };
     const std::vector<NeededLibrary> needed = NeededLibraries({executable}, isBase);
@@ -112,9 +115,9 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
         for (const auto &entry : fs::directory_iterator(from, error)) {
             if (entry.path().extension() != ".so") continue;
             const fs::path target = root / "plugins" / kind / entry.path().filename();
-            if (say) say("Copying file (run-time plugin): " + entry.path().filename().string());
+            if (say) say("Copying file (run-time plugin): " + Utf8ToCp1252(entry.path().filename().string()));
             if (!fs::copy_file(entry.path(), target, fs::copy_options::overwrite_existing, error)) {
-                folder.problems.push_back(target.string() + ": cannot be written");
+                problem(target.string() + ": cannot be written");
                 continue;
             }
             folder.shipped.push_back("plugins/" + std::string(kind) + "/" + target.filename().string());
@@ -122,7 +125,7 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
         }
     }
     if (!fs::is_directory(root / "plugins" / "platforms", error))
-        folder.problems.push_back("Qt's display plugins were not found in " + plugins.string());
+        problem("Qt's display plugins were not found in " + plugins.string());
 
     // What the program and its plugins load, read from their headers.
     std::vector<fs::path> users{executable};
@@ -132,15 +135,15 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
     for (const NeededLibrary &library : NeededLibraries(users, isBase)) {
         if (IsBaseSystemLibrary(library.name)) continue;
         if (library.path.empty()) {
-            folder.problems.push_back(library.name + ": the system has no such library");
+            problem(library.name + ": the system has no such library");
             continue;
         }
         const fs::path target = root / "lib" / library.name;
-        if (say) say("Copying file (run-time library): " + library.name);
+        if (say) say("Copying file (run-time library): " + Utf8ToCp1252(library.name));
         // The file itself, not the link the loader followed, under the name it asks for.
         if (!fs::copy_file(fs::canonical(library.path, error), target,
                            fs::copy_options::overwrite_existing, error)) {
-            folder.problems.push_back(target.string() + ": cannot be written");
+            problem(target.string() + ": cannot be written");
             continue;
         }
         folder.shipped.push_back("lib/" + library.name);
@@ -149,13 +152,13 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
     // Each file finds the folder's libraries from where it stands.
     if (!SetRunPath(libraryFiles, "$ORIGIN") || !SetRunPath(pluginFiles, "$ORIGIN/../../lib") ||
         !SetRunPath({executable}, "$ORIGIN/lib"))
-        folder.problems.push_back("the run paths cannot be set (is patchelf installed?)");
+        problem("the run paths cannot be set (is patchelf installed?)");
     if (!WriteTextFile(root / "qt.conf", "[Paths]\r\nPrefix = .\r\nPlugins = plugins\r\nLibraries = lib"))
-        folder.problems.push_back((root / "qt.conf").string() + ": cannot be written");
+        problem((root / "qt.conf").string() + ": cannot be written");
     // The loader's own word on the result: every library found.
     for (const SharedLibrary &library : SharedLibrariesOf(executable))
         if (library.path.empty())
-            folder.problems.push_back(library.name + ": the run-time does not find it");
+            problem(library.name + ": the run-time does not find it");
     return folder;
 }
 
