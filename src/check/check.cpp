@@ -29,26 +29,8 @@ void Findings::Add(Severity severity, std::string_view code, std::string message
 }
 
 std::vector<Finding> Findings::Sorted() && {
-    // The order is found on the lines alone, then each finding is moved to its place along
-    // the cycles of that order, without a second list of findings.
-    std::vector<std::pair<int, std::size_t>> order;
-    order.reserve(m_findings.size());
-    for (std::size_t i = 0; i < m_findings.size(); ++i) order.emplace_back(m_findings[i].line, i);
-    std::stable_sort(order.begin(), order.end(),
-                     [](const auto &a, const auto &b) { return a.first < b.first; });
-    std::vector<bool> placed(order.size());
-    for (std::size_t start = 0; start < order.size(); ++start) {
-        if (placed[start]) continue;
-        Finding held = std::move(m_findings[start]);
-        std::size_t at = start;
-        for (std::size_t from = order[at].second; from != start; from = order[at].second) {
-            m_findings[at] = std::move(m_findings[from]);
-            placed[at] = true;
-            at = from;
-        }
-        m_findings[at] = std::move(held);
-        placed[at] = true;
-    }
+    std::stable_sort(m_findings.begin(), m_findings.end(),
+                     [](const Finding &a, const Finding &b) { return a.line < b.line; });
     return std::move(m_findings);
 }
 
