@@ -465,15 +465,22 @@ std::vector<std::string> BuildReport(const DistributionResult &result, std::stri
     std::vector<std::string> report{"BUILD REPORT", "Written:"};
     for (const auto &[file, size] : result.written)
         report.push_back("  " + Utf8ToCp1252(file) + " (" + IntText(static_cast<std::int64_t>(size)) + " bytes)");
+    const auto none = [&report](bool empty) {
+        if (empty) report.push_back("  none");
+    };
+    none(result.written.empty());
     report.push_back("Named by the project but missing:");
     for (const std::string &missing : result.missing) {
         const std::string line = lineOf(missing);
         report.push_back("  " + missing + (line.empty() ? "" : " (named on line " + line + " of settings.dat)"));
     }
+    none(result.missing.empty());
     report.push_back("In Res/ but named by nothing, so not shipped:");
     for (const std::string &file : result.unnamed) report.push_back("  " + Utf8ToCp1252(file));
+    none(result.unnamed.empty());
     report.push_back("In the folder but not written by this build:");
     for (const std::string &file : result.notWritten) report.push_back("  " + Utf8ToCp1252(file));
+    none(result.notWritten.empty());
     report.push_back("Total size: " + IntText(static_cast<std::int64_t>(result.folderSize)) + " bytes");
     return report;
 }

@@ -138,6 +138,8 @@ QWidget *ActionEditor::MakeFunctions() {
     connect(m_filter, &QButtonGroup::idClicked, this, [this] { FillFunctions(); });
     connect(m_functions, &QListWidget::itemClicked, this, [this](QListWidgetItem *item) {
         const std::string text = FromQString(item->text());
+        // A new statement starts without the condition of the line last shown.
+        m_conditions->setCurrentIndex(0);
         ChooseFunction(FindCatalogueEntry(text.substr(0, text.find(' '))));
     });
     box->setMinimumWidth(300);

@@ -106,7 +106,12 @@ DistributionDialog::DistributionDialog(EditorContext context, QString runner, QW
     buttons->addWidget(m_build);
     buttons->addWidget(m_close);
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel(tr("The game folder: Data/<project>/Distro. Its log:")));
+    const auto folder = m_context.session->paths().ProjectPath(m_context.session->model().settings.myprojectname);
+    auto *where = new QLabel(tr("The game folder: %1. Its log:")
+                                 .arg(folder ? QString::fromStdString((*folder / "Distro").string())
+                                             : QString()));
+    where->setWordWrap(true);
+    layout->addWidget(where);
     layout->addWidget(m_log, 1);
     layout->addWidget(m_progress);
     layout->addWidget(m_summary);

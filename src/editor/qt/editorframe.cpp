@@ -19,6 +19,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <algorithm>
 #include <QDockWidget>
 #include <QProcess>
 #include <QMdiArea>
@@ -321,8 +322,18 @@ bool EditorFrame::eventFilter(QObject *watched, QEvent *event) {
     // The frame may take its size after a form is placed (a window manager maximizes it late):
     // forms the author hasn't moved are placed again.
     if (watched == m_area && event->type() == QEvent::Resize)
-        for (QMdiSubWindow *window : m_area->subWindowList())
+        for (QMdiSubWindow *window : m_area->subWindowList()) {
             if (window->pos() == window->property(kPlacedAt).toPoint()) Place(window);
+            // A form taller or wider than the area (the Problems panel has come up under it)
+            // shrinks to fit, so that its buttons stay in reach.
+            const QSize area = m_area->size();
+            if (window->width() > area.width() || window->height() > area.height())
+                window->resize(std::min(window->width(), area.width()),
+                               std::min(window->height(), area.height()));
+            if (window->geometry().bottom() >= area.height() || window->geometry().right() >= area.width())
+                window->move(std::max(0, std::min(window->x(), area.width() - window->width())),
+                             std::max(0, std::min(window->y(), area.height() - window->height())));
+        }
     return QMainWindow::eventFilter(watched, event);
 }
 

@@ -29,6 +29,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 namespace orrery {
@@ -299,7 +300,10 @@ void ServerEditor::AddField() {
         value = QString::fromLatin1(kWordKinds[std::max(0, m_words->currentRow())].second);
         break;
     case kNumber:
-        value = QStringLiteral("RANDOM:%1-%2").arg(m_low->value()).arg(m_high->value());
+        // Typed the wrong way round, the range is still the range meant.
+        value = QStringLiteral("RANDOM:%1-%2")
+                    .arg(std::min(m_low->value(), m_high->value()))
+                    .arg(std::max(m_low->value(), m_high->value()));
         break;
     case kName:
         value = QStringLiteral("RANDOM:NAME");
