@@ -19,13 +19,15 @@ int Rounded(double value) {
     return RoundToInt32(value).value_or(0);
 }
 
-// v scaled by actual / design, the division first, rounded to 16 bits. A project without a
-// design size, or a value that leaves 16 bits, is placed as written rather than at the origin.
+} // namespace
+
 int ScaleBy(double value, double design, double actual) {
     if (design <= 0) return Rounded(value);
     const auto scaled = ScaleProduct(value, design, actual);
     return scaled ? *scaled : Rounded(value);
 }
+
+namespace {
 
 int BoxScaleX(const MainMenu &menu, double v) {
     return ScaleBy(v, menu.designWidth, menu.form.width);

@@ -139,6 +139,10 @@ struct MainMenu {
     std::string stringExit;
 };
 
+// v scaled by actual / design, the division first, rounded to 16 bits. A project without a
+// design size, or a value that leaves 16 bits, is placed as written rather than at the origin.
+int ScaleBy(double value, double design, double actual);
+
 // The settings the menu repairs: a border width of 0 becomes 1, a font size of 0 becomes 14
 // and a font named "0" becomes "Verdana". The run-time repairs its model once, at loading, so
 // the repair lasts the session; an editor leaves the author's values alone.
