@@ -102,22 +102,23 @@ struct DynamicShifters {
     int Count() const { return columns * rows; }
 };
 
-using DynamicState =
-    std::variant<DynamicImage, DynamicText, DynamicShape, DynamicBoxes, DynamicFlow, DynamicShifters>;
+using DynamicState = std::variant<DynamicImage, DynamicText, DynamicShape, DynamicBoxes,
+                                  DynamicFlow, DynamicShifters>;
 
 struct Dynamic {
     int index = 0; // the record's place in the dynamic table, 1 to 99
     DynamicKind kind = DynamicKind::Image;
-    MenuRect rect; // a flow's panel round its letters; the shifter field's box
-    int interval = 0;      // milliseconds between ticks; 0 for none
-    bool running = false;  // ticks while running with an interval
-    std::int64_t due = 0;  // the clock's time of the next tick
+    MenuRect rect;        // a flow's panel round its letters; the shifter field's box
+    int interval = 0;     // milliseconds between ticks; 0 for none
+    bool running = false; // ticks while running with an interval
+    std::int64_t due = 0; // the clock's time of the next tick
     DynamicState state;
 };
 
 // One form's dynamics in record order. `dirty` gathers the rects, in twips, that ticks have
 // changed since the view last took them: old and new place of a moved thing, the rect of a
-// recoloured one.
+// recoloured one. A view swaps it with an emptied vector of its own, so neither allocates
+// again.
 struct FormDynamics {
     MenuSize form;
     std::int64_t now = 0;
@@ -171,6 +172,7 @@ std::int32_t ShifterCellColor(const DynamicShifters &field, int i);
 // Measures for a program without a toolkit. A text is a line of characters each half its
 // point size wide, 1.2 times the point size high (a point is 20 twips); pictures come from
 // the function given, and are {0, 0} where it has none.
-MenuMeasures HeadlessMeasures(std::function<std::optional<MenuSize>(std::string_view file)> picture);
+MenuMeasures
+HeadlessMeasures(std::function<std::optional<MenuSize>(std::string_view file)> picture);
 
 } // namespace orrery

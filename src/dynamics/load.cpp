@@ -1,7 +1,6 @@
 // Building a form's dynamics from the project's records, describing them for the headless
 // player, and the measures a program without a toolkit uses.
 #include "dynamics/dynamics.h"
-
 #include "dynamics/records.h"
 #include "foundation/convert.h"
 #include "foundation/random.h"
@@ -87,9 +86,8 @@ std::int32_t GradientColor(ColorParts from, ColorParts to, int k, int n) {
 // letter at a time carries it.
 std::optional<std::int32_t> PeakColor(const std::vector<FlowLetter> &letters) {
     for (auto it = letters.rbegin(); it != letters.rend(); ++it) {
-        const auto shown = std::count_if(letters.begin(), letters.end(), [&](const FlowLetter &l) {
-            return l.color == it->color;
-        });
+        const auto shown = std::count_if(letters.begin(), letters.end(),
+                                         [&](const FlowLetter &l) { return l.color == it->color; });
         if (shown == 1) return it->color;
     }
     return std::nullopt;
@@ -111,7 +109,8 @@ DynamicFlow BuildFlow(std::string_view record, MenuRect &panel, const MenuMeasur
     const int n = static_cast<int>(text.size());
     panel.width = panel.height = 0;
     for (int k = 0; k < n; ++k) {
-        const MenuSize size = Measure(measures, text.substr(static_cast<std::size_t>(k), 1), flow.font);
+        const MenuSize size =
+            Measure(measures, text.substr(static_cast<std::size_t>(k), 1), flow.font);
         MenuRect rect{panel.left, panel.top, size.width, size.height};
         if (flow.vertical) {
             rect.top += panel.height;
@@ -122,7 +121,8 @@ DynamicFlow BuildFlow(std::string_view record, MenuRect &panel, const MenuMeasur
             panel.width += size.width;
             panel.height = std::max(panel.height, size.height);
         }
-        flow.letters.push_back({text[static_cast<std::size_t>(k)], GradientColor(from, to, k, n), rect});
+        flow.letters.push_back(
+            {text[static_cast<std::size_t>(k)], GradientColor(from, to, k, n), rect});
     }
     flow.peakColor = PeakColor(flow.letters);
     return flow;
@@ -188,8 +188,11 @@ Dynamic BuildDynamic(std::string_view record, int index, DynamicKind kind,
         break;
     }
     case DynamicKind::Text: {
-        DynamicText text{std::string(RecordField(record, 7)), FontFields(record, 11),
-                         RecordColor(record, 10), RecordFlag(record, 8), {}};
+        DynamicText text{std::string(RecordField(record, 7)),
+                         FontFields(record, 11),
+                         RecordColor(record, 10),
+                         RecordFlag(record, 8),
+                         {}};
         SizeIfUnsized(d.rect, Measure(measures, text.caption, text.font));
         if (text.moving) d.interval = RecordInt(record, 9);
         d.state = std::move(text);
@@ -297,7 +300,8 @@ std::vector<std::string> DescribeDynamics(const FormDynamics &dynamics) {
     return lines;
 }
 
-MenuMeasures HeadlessMeasures(std::function<std::optional<MenuSize>(std::string_view file)> picture) {
+MenuMeasures
+HeadlessMeasures(std::function<std::optional<MenuSize>(std::string_view file)> picture) {
     MenuMeasures measures;
     measures.text = [](std::string_view caption, const MenuFont &font) {
         const double em = font.size * 20;

@@ -12,7 +12,9 @@ namespace {
 
 constexpr std::string_view kLockSeparator = "/.\\./.\\";
 
-int Rounded(double value) { return RoundToInt32(value).value_or(0); }
+int Rounded(double value) {
+    return RoundToInt32(value).value_or(0);
+}
 
 // "center", a distance from the far edge after a "-", or a distance from the near edge.
 double LockedAt(const std::string &part, int form, int size) {

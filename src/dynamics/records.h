@@ -14,7 +14,9 @@ struct DynamicShifters;
 // rounded, or as a boolean (false unless it says true).
 std::string_view RecordField(std::string_view record, int n);
 int RecordInt(std::string_view record, int n);
-inline std::int32_t RecordColor(std::string_view record, int n) { return RecordInt(record, n); }
+inline std::int32_t RecordColor(std::string_view record, int n) {
+    return RecordInt(record, n);
+}
 bool RecordFlag(std::string_view record, int n);
 
 int DynamicTableSize();

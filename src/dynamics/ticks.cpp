@@ -13,7 +13,9 @@ namespace orrery {
 
 namespace {
 
-bool Ticks(const Dynamic &d) { return d.running && d.interval > 0; }
+bool Ticks(const Dynamic &d) {
+    return d.running && d.interval > 0;
+}
 
 // The first dynamic due by `until`; the earlier record wins a tie.
 Dynamic *Earliest(FormDynamics &dynamics, std::int64_t until) {

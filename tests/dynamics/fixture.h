@@ -1,5 +1,5 @@
-// A project with dynamic records on a 1024 by 768 form, measured without a toolkit: a
-// character is 100 twips wide and a line 20 twips a point high.
+// A project with dynamic records on a 1024 by 768 form, measured as the headless player
+// measures: at 10 points a character is 100 twips wide and a line 240 high.
 #pragma once
 
 #include "dynamics/dynamics.h"
@@ -16,24 +16,17 @@ inline constexpr MenuSize kForm{15360, 11520};
 
 struct DynamicsFixture {
     ProjectModel project;
-    std::map<std::string, MenuSize> pictures;
+    std::map<std::string, MenuSize, std::less<>> pictures;
     Random random{7};
 
-    MenuMeasures Measures() {
-        MenuMeasures measures;
-        measures.text = [](std::string_view caption, const MenuFont &font) {
-            return MenuSize{static_cast<int>(caption.size()) * 100,
-                            static_cast<int>(font.size * 20)};
-        };
-        measures.picture = [this](std::string_view file) {
-            const auto found = pictures.find(std::string(file));
-            return found == pictures.end() ? MenuSize{} : found->second;
-        };
-        return measures;
-    }
-    FormDynamics Load(DynamicForm which = DynamicForm::Menu, MenuSize form = kForm) {
-        return LoadFormDynamics(project, which, ProjectLayout(project, form), Measures(), random,
-                                0);
+    FormDynamics Load(DynamicForm which = DynamicForm::Menu) {
+        const MenuMeasures measures =
+            HeadlessMeasures([this](std::string_view file) -> std::optional<MenuSize> {
+                const auto found = pictures.find(file);
+                if (found == pictures.end()) return std::nullopt;
+                return found->second;
+            });
+        return LoadFormDynamics(project, which, ProjectLayout(project, kForm), measures, random, 0);
     }
     // One record on the menu as its only dynamic.
     FormDynamics LoadOne(const std::string &record) {
