@@ -13,6 +13,7 @@
 #include "foundation/textfile.h"
 #include "network/generator.h"
 #include "packaging/runtimefolder.h"
+#include "platform/soundfont.h"
 #include "project/defaults.h"
 #include "project/elementprops.h"
 #include "project/model.h"
@@ -104,6 +105,7 @@ private:
     void CopyRunTime();
     bool GenerateWorld();
     void CopyMediaOfStatements();
+    void CopySoundFont();
     void CopyFonts();
     void WriteReadme();
     void WritePad();
@@ -116,6 +118,7 @@ private:
     std::string m_folder; // the project's folder name, as the application tree spells it
     fs::path m_root;
     std::set<std::string> m_written;
+    bool m_midi = false; // a MIDI file is among the sound and music shipped
 };
 
 void Builder::CopyMedia(std::string_view says, std::string_view folder, std::string_view name,
@@ -131,7 +134,10 @@ void Builder::CopyMedia(std::string_view says, std::string_view folder, std::str
         return;
     }
     Wrote(target);
-    if (sized) m_result.sizeTotal += fs::file_size(*source, error);
+    if (!sized) return;
+    m_result.sizeTotal += fs::file_size(*source, error);
+    const std::string extension = LowerCase(source->extension().string());
+    m_midi = m_midi || extension == ".mid" || extension == ".midi";
 }
 
 // The project file, scrambled line by line behind the marker.
@@ -254,6 +260,20 @@ void Builder::CopyMediaOfStatements() {
             }
         }
     }
+}
+
+// MIDI plays with a General MIDI sound font, which a player's machine may lack: the game
+// carries the application's own, or else the system's.
+void Builder::CopySoundFont() {
+    const fs::path target = m_root / kGameSoundFont;
+    Say("Copying file (sound font): " + target.filename().string());
+    const auto font = FindSoundFont(m_app.Root());
+    std::error_code error;
+    if (!font || !fs::copy_file(*font, target, fs::copy_options::overwrite_existing, error)) {
+        Missing(std::string(kGameSoundFont));
+        return;
+    }
+    Wrote(target);
 }
 
 void Builder::CopyFonts() {
@@ -422,6 +442,7 @@ void Builder::Run() {
             CopyMedia("Copying file: ", "uimages", *file);
     }
     CopyMediaOfStatements();
+    if (m_midi) CopySoundFont();
     for (const std::string &dynamic : m_model.DynamicTable)
         if (NormTextContains(dynamic, "image"))
             CopyMedia("Copying file: ", "uimages", FieldAt(dynamic, 7));

@@ -17,19 +17,31 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Libraries by the start of their file names.
-constexpr std::array<std::string_view, 31> kBaseLibraries{
+// Libraries by the start of their file names. GLib and GStreamer are the system's because the
+// system's GStreamer loads its own plugins into the game, and they must meet the GLib and
+// GStreamer they were built with; the sound system's client libraries speak to its server.
+constexpr std::array<std::string_view, 38> kBaseLibraries{
     "linux-vdso.so", "ld-linux", "libc.so", "libm.so", "libpthread.so", "libdl.so", "librt.so",
     "libresolv.so", "libutil.so", "libstdc++.so", "libgcc_s.so", "libX11.so", "libX11-xcb.so",
     "libxcb.so", "libXau.so", "libXdmcp.so", "libXext.so", "libXrender.so", "libGL.so",
     "libGLX.so", "libGLdispatch.so", "libEGL.so", "libOpenGL.so", "libdrm.so", "libgbm.so",
     "libfontconfig.so", "libfreetype.so", "libdbus-1.so", "libsystemd.so", "libz.so",
-    "libexpat.so"};
+    "libexpat.so", "libglib-2.0.so", "libgobject-2.0.so", "libgmodule-2.0.so", "libgio-2.0.so",
+    "libgst", "libasound.so", "libpulse"};
 
-// The plugin folders a game needs: the X display, its GL integration, picture formats and the
-// input methods for composed keys.
-constexpr std::array<std::string_view, 4> kPluginFolders{"platforms", "xcbglintegrations",
-                                                         "imageformats", "platforminputcontexts"};
+// The plugin folders a game needs, each file or only the one named: the X display, its GL
+// integration, picture formats, the input methods for composed keys, and sound through
+// GStreamer; Qt's FFmpeg media backend stays behind, so that Qt never chooses it.
+struct PluginFolder {
+    std::string_view name;
+    std::string_view only;
+};
+constexpr std::array<PluginFolder, 5> kPluginFolders{
+    {{"platforms", {}},
+     {"xcbglintegrations", {}},
+     {"imageformats", {}},
+     {"platforminputcontexts", {}},
+     {"multimedia", "libgstreamermediaplugin.so"}}};
 
 // Quoted for the shell: the file names of a game folder may hold blanks and quotes.
 std::string Quoted(const fs::path &path) {
@@ -108,12 +120,13 @@ RunTimeFolder ShipRunTimeLibraries(const fs::path &executable, const fs::path &p
 
     std::vector<fs::path> pluginFiles;
     std::error_code error;
-    for (std::string_view kind : kPluginFolders) {
+    for (const auto &[kind, only] : kPluginFolders) {
         const fs::path from = plugins / kind;
         if (!fs::is_directory(from, error)) continue;
         fs::create_directories(root / "plugins" / kind, error);
         for (const auto &entry : fs::directory_iterator(from, error)) {
             if (entry.path().extension() != ".so") continue;
+            if (!only.empty() && entry.path().filename() != only) continue;
             const fs::path target = root / "plugins" / kind / entry.path().filename();
             if (say) say("Copying file (run-time plugin): " + Utf8ToCp1252(entry.path().filename().string()));
             if (!fs::copy_file(entry.path(), target, fs::copy_options::overwrite_existing, error)) {

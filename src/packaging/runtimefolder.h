@@ -1,6 +1,6 @@
 // The run-time made to play on a machine with no Orrery Kit and no Qt: the shared libraries it
-// needs that a plain desktop system lacks, under lib/; Qt's plugins for the X display and the
-// picture formats, under plugins/; a qt.conf that points Qt at them; and run paths relative to
+// needs that a plain desktop system lacks, under lib/; Qt's plugins for the X display, the
+// picture formats and sound, under plugins/; a qt.conf that points Qt at them; and run paths relative to
 // each file, so that the folder plays wherever it is moved.
 #pragma once
 
@@ -26,7 +26,8 @@ std::vector<SharedLibrary> SharedLibrariesOf(const std::vector<std::filesystem::
 
 // True for a library every desktop system has and a game must take from it: the C library and
 // its loader, the C++ runtime, the X and GL libraries, and those tied to the system's own
-// configuration and services (fontconfig, freetype, D-Bus, systemd, zlib, expat).
+// configuration and services (fontconfig, freetype, D-Bus, systemd, zlib, expat, GLib and
+// GStreamer, ALSA and PulseAudio).
 bool IsBaseSystemLibrary(std::string_view name);
 
 struct RunTimeFolder {

@@ -123,6 +123,34 @@ TEST_F(Distribution, TheReportSaysWhatWasWrittenMissingLeftOutAndLeftOver) {
     EXPECT_EQ(log.back(), "Done!");
 }
 
+// The application's sound font goes with a game that ships a MIDI file as music or as a
+// statement's sound, and with no other: the MIDI file the fixture's statement names is missing.
+TEST_F(Distribution, TheSoundFontGoesWithMidiAlone) {
+    WriteTextFile(app.DataPath() / "gm.sf2", "sound font");
+    const std::string font = ReadFileBytes(app.DataPath() / "gm.sf2").value_or("");
+    Media("mp3", "Tune.MID");
+    Media("uimages", "chime.mid");
+    const struct {
+        const char *tracks;
+        const char *qlob;
+        bool carried;
+    } cases[] = {
+        {"theme.mp3", "", false},
+        {"theme.mp3`tune.mid", "", true},
+        {"theme.mp3", "RING PLAY_SOUND [chime.mid]", true},
+    };
+    for (const auto &c : cases) {
+        model.settings.mygamemp3tracks = c.tracks;
+        model.QlobTable[3] = c.qlob;
+        DistributionOptions options;
+        options.out = dir.path() / ("game " + std::string(c.tracks) + c.qlob);
+        ASSERT_TRUE(Build(options).done);
+        EXPECT_EQ(ReadFileBytes(options.out / "Data" / "gm.sf2").value_or("none"),
+                  c.carried ? font : "none")
+            << c.tracks << " " << c.qlob;
+    }
+}
+
 TEST_F(Distribution, TheWorldHasItsServersPerOctet) {
     model.settings.myserversrandom = "5000";
     int octets = 0;

@@ -62,7 +62,9 @@ TEST(RunTimeFolder, TheGameFolderPlaysWhereverItIsMoved) {
     const fs::path moved = dir.path() / "elsewhere" / "it's here";
     fs::create_directories(moved.parent_path());
     fs::rename(built, moved);
-    for (const fs::path &program : {moved / "night shift", moved / "plugins" / "platforms" / "libqxcb.so"}) {
+    EXPECT_FALSE(fs::exists(moved / "plugins" / "multimedia" / "libffmpegmediaplugin.so"));
+    for (const fs::path &program : {moved / "night shift", moved / "plugins" / "platforms" / "libqxcb.so",
+                                    moved / "plugins" / "multimedia" / "libgstreamermediaplugin.so"}) {
         const auto libraries = SharedLibrariesOf(program);
         ASSERT_FALSE(libraries.empty()) << program;
         for (const SharedLibrary &library : libraries) {
@@ -70,9 +72,16 @@ TEST(RunTimeFolder, TheGameFolderPlaysWhereverItIsMoved) {
             // Qt and what it pulls in come from the folder; the rest is the base system's
             // and what the base system's own libraries load.
             const bool inFolder = library.path.string().starts_with(moved.string());
-            for (const char *own : {"libQt6", "libicu", "libxkbcommon", "libdouble-conversion"}) {
+            for (const char *own :
+                 {"libQt6", "libicu", "libxkbcommon", "libdouble-conversion", "libfluidsynth"}) {
                 if (library.name.starts_with(own)) {
                     EXPECT_TRUE(inFolder) << library.name;
+                }
+            }
+            // The system's GStreamer loads its plugins, built against its own GLib.
+            for (const char *system : {"libgst", "libglib-2.0"}) {
+                if (library.name.starts_with(system)) {
+                    EXPECT_FALSE(inFolder) << library.name;
                 }
             }
         }
